@@ -1,0 +1,7 @@
+#include "app/KesmiraApp.h"
+
+namespace {
+KesmiraApp theApp;
+}
+
+KesmiraApp *const pApp = &theApp;

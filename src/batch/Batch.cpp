@@ -1,0 +1,278 @@
+#include "batch/Batch.h"
+
+#include "app/StopFlag.h"
+#include "batch/Options.h"
+#include "batch/Printer.h"
+#include "batch/RunRoot.h"
+#include "batch/SourceList.h"
+#include "batch/StopSignals.h"
+#include "batch/Words.h"
+#include "save/ConflictPrompt.h"
+#include "tables/TableLibrary.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTextCodec>
+
+#include <unistd.h>
+
+namespace {
+
+/// Answers the questions of saving by the option of the command line.
+class OptionPrompt : public ConflictPrompt
+{
+public:
+    explicit OptionPrompt(FileAnswer answer) : m_answer(answer) {}
+    FolderAnswer folderExists(const QString &, const QString &) override { return FolderAnswer::Overwrite; }
+    FileAnswer fileExists(const QString &, QString &) override { return m_answer; }
+
+private:
+    FileAnswer m_answer;
+};
+
+bool isTerminal(const QTextStream &stream)
+{
+    const auto *file = qobject_cast<QFile *>(stream.device());
+    return file && file->handle() >= 0 && ::isatty(file->handle()) == 1;
+}
+
+bool isHeic(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toUpper();
+    return suffix == "HEIC" || suffix == "HEIF";
+}
+
+bool isJpeg(const QString &suffix)
+{
+    return suffix.toUpper() == "JPG" || suffix.toUpper() == "JPEG";
+}
+
+/// A source for which a sample is tried. A raw file that gave nothing isn't one: a JPEG's header in front of its sensor
+/// data could only make noise that passes for a picture.
+bool wantsSample(const SourceResult &result)
+{
+    if (result.outcome.report.reason == RepairReason::Stopped) return false;
+    return result.status() == status::Invalid || (!result.gaveSomething() && isJpeg(result.outcome.suffix));
+}
+
+class BatchRun
+{
+public:
+    BatchRun(const Options &options, QTextStream &out, QTextStream &err)
+        : m_options(options), m_out(out), m_err(err), m_showsProgress(isTerminal(err)),
+          m_printer(options.json ? makeJsonPrinter(out) : makeTablePrinter(out))
+    {
+    }
+
+    int run();
+
+private:
+    int complain(const QString &line, int status);
+    QString usageProblem() const;
+    bool stopped() const { return stopRequested() || StopSignals::seen(); }
+    void progress(const QString &text);
+    void flush();
+    void print(const SourceResult &result);
+
+    void firstPass(const QStringList &files);
+    void samplePass();
+    void save();
+    void summarise(const SourceList &sources);
+
+    const Options &m_options;
+    QTextStream &m_out;
+    QTextStream &m_err;
+    const bool m_showsProgress;
+    const std::unique_ptr<Printer> m_printer;
+    QVector<SourceResult> m_results; // the last pass over each source, in order
+    QStringList m_names;             // outputs that have rows
+    RunSummary m_summary;
+    bool m_failed = false; // something that should have been written was not
+};
+
+int BatchRun::complain(const QString &line, int status)
+{
+    m_err << "kesmira-batch: " << printable(line) << '\n';
+    m_err.flush();
+    return status;
+}
+
+QString BatchRun::usageProblem() const
+{
+    const QString &sample = m_options.sample;
+    if (!sample.isEmpty() && !QFileInfo(sample).isFile()) {
+        return QStringLiteral("the sample '%1' is not there or is not a file").arg(sample);
+    }
+    if (!sample.isEmpty() && !QFileInfo(sample).isReadable()) {
+        return QStringLiteral("the sample '%1' can't be read").arg(sample);
+    }
+    if (m_options.destination.isEmpty()) return {};
+    if (isMarkedAsRoot(m_options.destination)) {
+        return QStringLiteral("the destination '%1' is a working folder, which runs empty").arg(m_options.destination);
+    }
+    return destinationProblem(m_options.destination);
+}
+
+void BatchRun::progress(const QString &text)
+{
+    if (!m_showsProgress) return;
+    m_err << "\r\x1b[K" << printable(text);
+    m_err.flush();
+}
+
+void BatchRun::flush()
+{
+    m_out.flush();
+    if (m_out.status() != QTextStream::Ok) m_failed = true;
+}
+
+void BatchRun::print(const SourceResult &result)
+{
+    progress({});
+    m_printer->result(result);
+    flush();
+    for (const OutputRow &row : result.rows.rows) {
+        m_names.append(row.name);
+        if (row.type == "Thumbnail")
+            ++m_summary.thumbnails;
+        else if (row.type == "Extracted")
+            ++m_summary.extracted;
+        else
+            ++m_summary.repaired;
+    }
+}
+
+void BatchRun::firstPass(const QStringList &files)
+{
+    for (const QString &file : files) {
+        if (m_failed) return;
+        SourceResult result;
+        if (stopped()) {
+            result.outcome.source = file;
+            result.outcome.suffix = QFileInfo(file).suffix();
+            result.outcome.report.reason = RepairReason::Stopped;
+        } else {
+            progress(
+                QStringLiteral("Repairing file %1 of %2: %3").arg(m_results.size() + 1).arg(files.size()).arg(file));
+            result.outcome = repairOneFile(file);
+            result.rows = makeRows(result.outcome);
+        }
+        m_results.append(result);
+        print(result);
+    }
+}
+
+void BatchRun::samplePass()
+{
+    if (m_options.sample.isEmpty()) return;
+    m_printer->beginSamplePass(m_options.sample);
+    for (SourceResult &earlier : m_results) {
+        if (m_failed || stopped()) return;
+        const QString source = earlier.outcome.source;
+        if (!wantsSample(earlier) || isHeic(source) != isHeic(m_options.sample)) continue;
+        progress("Repairing with the sample: " + source);
+        SourceResult result;
+        result.samplePass = true;
+        result.outcome = repairOneFileWithSample(m_options.sample, source);
+        result.rows = makeSampleRows(result.outcome);
+        print(result);
+        if (result.gaveSomething()) earlier = result;
+    }
+}
+
+void BatchRun::save()
+{
+    if (m_options.destination.isEmpty() || m_failed) return;
+    if (stopped()) {
+        complain("stopped; nothing was saved", 0);
+        return;
+    }
+    m_names.removeDuplicates(); // names that meet in the working folder are one file there
+    OptionPrompt prompt(m_options.onConflict);
+    const SaveOutcome outcome = saveOutputs(m_options.destination, m_names, prompt);
+    if (!outcome.error.isEmpty()) {
+        complain(outcome.error, 0);
+        m_failed = true;
+        return;
+    }
+    for (const SavedRow &row : outcome.rows) {
+        if (row.result != SaveResult::Failed) continue;
+        complain(QStringLiteral("'%1' was not saved: %2").arg(row.name, row.error), 0);
+        m_failed = true;
+    }
+    m_printer->saved(outcome);
+}
+
+void BatchRun::summarise(const SourceList &sources)
+{
+    m_summary.sources = sources.files.size();
+    m_summary.passedOver = sources.passedOver;
+    for (const SourceResult &result : m_results) {
+        if (!result.gaveSomething()) m_summary.failed.append({result.outcome.source, result.outcome.report.reason});
+    }
+    m_printer->end(m_summary);
+    flush();
+}
+
+int BatchRun::run()
+{
+    const QString tables = checkBuiltInTables();
+    if (!tables.isEmpty()) return complain(tables, exitStatus::CouldNotWork);
+
+    const StopSignals signalGuard;
+    RunRoot root;
+    const QString rootProblem = root.open(m_options.workingRoot);
+    if (!rootProblem.isEmpty()) return complain(rootProblem, exitStatus::CouldNotWork);
+    const QString usage = usageProblem();
+    if (!usage.isEmpty()) return complain(usage, exitStatus::WrongUsage);
+    if (!m_options.destination.isEmpty() && !QDir().mkpath(m_options.destination)) {
+        return complain(QStringLiteral("the destination '%1' can't be made").arg(m_options.destination),
+                        exitStatus::CouldNotWork);
+    }
+    const SourceList sources = collectSources(m_options.sources);
+    for (const QString &problem : sources.problems) complain(problem, 0);
+    if (!beginRun()) {
+        return complain(QStringLiteral("the working folder can't be used"), exitStatus::CouldNotWork);
+    }
+    if (StopSignals::seen()) setFlag(pApp->bStopRepair, true); // the start of the run has cleared it
+
+    m_printer->begin(sources.files);
+    firstPass(sources.files);
+    samplePass();
+    save();
+    summarise(sources);
+    if (m_out.status() != QTextStream::Ok) complain("the results could not be written", 0);
+    if (m_failed) return exitStatus::CouldNotWork;
+    return m_summary.failed.isEmpty() && sources.passedOver == 0 ? exitStatus::AllGave : exitStatus::SomeGaveNothing;
+}
+
+/// Prints what a person asked to read.
+int show(const QString &text, QTextStream &out)
+{
+    out << text;
+    out.flush();
+    return out.status() == QTextStream::Ok ? exitStatus::AllGave : exitStatus::CouldNotWork;
+}
+
+} // namespace
+
+void useUtf8Names()
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+int runBatch(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    useUtf8Names();
+    Options options;
+    const QString problem = parseOptions(arguments, options);
+    if (!problem.isEmpty()) {
+        err << "kesmira-batch: " << printable(problem) << '\n';
+        err.flush();
+        return exitStatus::WrongUsage;
+    }
+    if (options.help) return show(options.helpText, out);
+    if (options.version) return show("kesmira-batch " KESMIRA_VERSION "\n", out);
+    return BatchRun(options, out, err).run();
+}

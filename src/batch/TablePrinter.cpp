@@ -1,0 +1,96 @@
+#include "batch/Printer.h"
+#include "batch/Words.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kWidestName = 60;
+constexpr int kTypeWidth = 11;
+constexpr int kResolutionWidth = 12;
+
+QString reasonLine(RepairReason reason)
+{
+    const QString text = reasonText(reason);
+    return text.isEmpty() ? QStringLiteral("Nothing usable was found.") : text;
+}
+
+class TablePrinter : public Printer
+{
+public:
+    explicit TablePrinter(QTextStream &out) : m_out(out) {}
+
+    // Names of outputs are about as long as those of their sources, so the width is known before the first result.
+    void begin(const QStringList &sources) override
+    {
+        for (const QString &source : sources) m_nameWidth = std::max(m_nameWidth, printable(source).size() + 2);
+        m_nameWidth = std::min(m_nameWidth, kWidestName);
+        line("File", "Type", "Resolution", "What was done");
+    }
+
+    void beginSamplePass(const QString &sample) override
+    {
+        m_out << "\nWith the sample " << printable(sample) << ":\n";
+    }
+
+    void result(const SourceResult &result) override
+    {
+        const RepairReport &report = result.outcome.report;
+        QString mended = mendedText(report);
+        if (!result.gaveSomething()) {
+            mended = mended.isEmpty() ? reasonLine(report.reason) : reasonLine(report.reason) + " (" + mended + ')';
+        }
+        line(result.outcome.source, stateWord(result), {}, mended);
+        for (const OutputRow &row : result.rows.rows) line("  " + row.name, row.type, row.resolution, {});
+    }
+
+    void saved(const SaveOutcome &outcome) override
+    {
+        const auto count = [&outcome](SaveResult wanted) {
+            return std::count_if(outcome.rows.begin(), outcome.rows.end(),
+                                 [wanted](const SavedRow &row) { return row.result == wanted; });
+        };
+        m_out << "\nSaved to " << printable(outcome.folder) << ": " << count(SaveResult::Saved) << " saved, "
+              << count(SaveResult::Skipped) << " skipped, " << count(SaveResult::Failed) << " failed.\n";
+    }
+
+    void end(const RunSummary &summary) override
+    {
+        const int failed = summary.failed.size();
+        const int outputs = summary.repaired + summary.extracted + summary.thumbnails;
+        m_out << "\nSources: " << summary.sources << ", " << summary.sources - failed << " gave something, " << failed
+              << " gave nothing, " << summary.passedOver << " passed over.\n";
+        m_out << "Results: " << outputs << ", " << summary.repaired << " repaired, " << summary.extracted
+              << " extracted, " << summary.thumbnails << " thumbnails.\n";
+        if (failed == 0) return;
+        m_out << "Nothing came of:\n";
+        for (const FailedSource &each : summary.failed) {
+            m_out << "  " << printable(each.source) << ": " << reasonLine(each.reason) << '\n';
+        }
+    }
+
+private:
+    static QString stateWord(const SourceResult &result)
+    {
+        if (!result.gaveSomething()) return QStringLiteral("nothing");
+        return result.status() == status::Repaired ? QStringLiteral("repaired") : QStringLiteral("in part");
+    }
+
+    void line(const QString &name, const QString &type, const QString &resolution, const QString &mended)
+    {
+        QString text = printable(name).leftJustified(m_nameWidth) + "  " + type.leftJustified(kTypeWidth)
+            + resolution.leftJustified(kResolutionWidth) + printable(mended);
+        while (text.endsWith(' ')) text.chop(1);
+        m_out << text << '\n';
+    }
+
+    QTextStream &m_out;
+    int m_nameWidth = 20;
+};
+
+} // namespace
+
+std::unique_ptr<Printer> makeTablePrinter(QTextStream &out)
+{
+    return std::make_unique<TablePrinter>(out);
+}

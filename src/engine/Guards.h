@@ -1,0 +1,19 @@
+// Limits that only end what could never end, or what no memory could hold. None changes what a real file gives.
+#pragma once
+
+#include <QtGlobal>
+
+namespace guards {
+
+/// Nodes that one walk puts on its chain. The most that was seen in a photograph is some hundreds; a stream of this many
+/// pictures would be hours of film. A file of nothing but four-byte segments would ask for one node for each of them.
+constexpr size_t kChainNodes = 262144;
+
+/// Images kept of what lies behind the first one. Readers look at two of them; a node knows up to 1,024.
+constexpr size_t kTrailingImages = kChainNodes;
+
+/// Bytes carved out of a stream in all, as a multiple of its size. Images of a real stream overlap only where one lies in
+/// another's metadata, three or four deep; a run of starts with one common end would be copied once for each of them.
+constexpr quint64 kStreamCarveFactor = 16;
+
+} // namespace guards

@@ -1,0 +1,152 @@
+#include "engine/OneFile.h"
+
+#include "app/StopFlag.h"
+#include "app/WorkingRoot.h"
+#include "engine/jpg_repair.h"
+#include "save/SaveFile.h"
+#include "save/WipeFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+/// Offsets are kept in 32 bits, and the bytes of a scan in 31.
+constexpr qint64 kFileLimit = qint64(1) << 32;
+constexpr qint64 kScanLimit = qint64(1) << 31;
+
+bool isJpeg(const QString &suffix)
+{
+    return suffix.compare(QLatin1String("JPG"), Qt::CaseInsensitive) == 0
+        || suffix.compare(QLatin1String("JPEG"), Qt::CaseInsensitive) == 0;
+}
+
+void forgetRecords()
+{
+    while (pApp->pRepairedHead) {
+        pApp->pRepairedNext = pApp->pRepairedHead->pNextResult;
+        delete pApp->pRepairedHead;
+        pApp->pRepairedHead = pApp->pRepairedNext;
+    }
+    pApp->pRepairedNext = nullptr;
+}
+
+FileOutcome takeUp(const QString &path)
+{
+    FileOutcome outcome;
+    outcome.source = path;
+    outcome.suffix = QFileInfo(path).suffix();
+    pApp->strCurrentPath = path;
+    pApp->strFileSuffix = outcome.suffix;
+    pApp->strFileName = workingName(path);
+    pApp->lstResultNames.clear();
+    pApp->report = RepairReport();
+    return outcome;
+}
+
+bool workingFolderUsable()
+{
+    const QFileInfo folder(pApp->strTempDir);
+    return folder.isDir() && folder.isWritable();
+}
+
+/// What a person should be told where nothing came out.
+RepairReason reasonFor(const QString &path)
+{
+    const RepairReport &report = pApp->report;
+    if (stopRequested()) return RepairReason::Stopped;
+    if (!pApp->lstResultNames.isEmpty())
+        return report.reason == RepairReason::DiskFull ? report.reason : RepairReason::None;
+    if (report.reason != RepairReason::None) return report.reason;
+    // What vanishes while it is in use must not be taken for a picture that doesn't decode.
+    if (!QFileInfo::exists(path)) return RepairReason::Unreadable;
+    if (!workingFolderUsable()) return RepairReason::DiskFull;
+    if (QFileInfo(path).size() >= kScanLimit) return RepairReason::TooLarge;
+    if (report.headerBroken) return RepairReason::HeaderLost;
+    return report.decoderRefused ? RepairReason::DecoderRefused : RepairReason::HeaderLost;
+}
+
+void conclude(FileOutcome &outcome)
+{
+    pApp->report.reason = reasonFor(outcome.source);
+    outcome.results = pApp->lstResultNames;
+    outcome.report = pApp->report;
+    if (stopRequested()) outcome.statusCode = QLatin1String(status::Stopped);
+}
+
+} // namespace
+
+bool beginRun()
+{
+    for (bool *flag : {&pApp->bRepairRunning, &pApp->bOverwriteOnce, &pApp->bRenameOnce, &pApp->bStopRepair,
+                       &pApp->bSkipCurrentFile, &pApp->bOverwriteAll, &pApp->bRenameAll, &pApp->bSkipAllFiles,
+                       &pApp->bSaveCancelled, &pApp->bFolderRename, &pApp->bFileInProgress, &pApp->bFileListActive})
+        setFlag(*flag, false);
+    pApp->nResultCounter = 0;
+    pApp->nFileSize = 0;
+    pApp->nInvalidCount = 0;
+    pApp->nRepairOutputMode = 2;
+    pApp->mapWorkingNames.clear();
+    pApp->setWorkingNames.clear();
+
+    pApp->strTempDirName = QStringLiteral("RepairedFiles");
+    pApp->strTempDir = workingFolder();
+    QDir().mkdir(pApp->strTempDir);
+    WipeFolder().WipeFile(QStringLiteral("RepairedFiles"));
+    // The folder's name has a blank, so this finds nothing; the call above has been through it already.
+    WipeFolder().WipeFile(QStringLiteral("RepairedFiles/Thumbnail_Repaired/"));
+    forgetRecords();
+    setFlag(pApp->bRepairRunning, true);
+    return workingFolderUsable();
+}
+
+const QStringList &repairableSuffixes()
+{
+    static const QStringList suffixes = {QStringLiteral("JPG"), QStringLiteral("JPEG")};
+    return suffixes;
+}
+
+QString workingName(const QString &path)
+{
+    auto &names = pApp->mapWorkingNames;
+    const auto known = names.constFind(path);
+    if (known != names.constEnd()) return *known;
+    const QString fileName = QFileInfo(path).fileName();
+    QString name = fileName;
+    for (int n = 1; pApp->setWorkingNames.contains(name); ++n) name = QStringLiteral("Copy(%1)_").arg(n) + fileName;
+    names.insert(path, name);
+    pApp->setWorkingNames.insert(name);
+    return name;
+}
+
+FileOutcome repairOneFile(const QString &path)
+{
+    FileOutcome outcome = takeUp(path);
+    outcome.statusCode = QLatin1String(status::Unreached);
+    const qint64 size = QFileInfo(path).size();
+    const bool known = repairableSuffixes().contains(outcome.suffix.toUpper());
+    if (!known)
+        pApp->report.reason = RepairReason::OtherFormat;
+    else if (size >= kFileLimit)
+        pApp->report.reason = RepairReason::TooLarge;
+
+    if (known && size < kFileLimit && !stopRequested()) {
+        jpg_repair engine;
+        engine.repairing(path);
+        if (!stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix) && !engine.reRepairing(path))
+            outcome.statusCode = QLatin1String(status::Invalid);
+    }
+    pApp->nInvalidCount = 0;
+    conclude(outcome);
+    return outcome;
+}
+
+FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path)
+{
+    FileOutcome outcome = takeUp(path);
+    pApp->strSamplePath = samplePath;
+    outcome.statusCode = QLatin1String(status::Invalid);
+    jpg_repair().ScanRefFile(samplePath, path);
+    conclude(outcome);
+    return outcome;
+}

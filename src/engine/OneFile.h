@@ -1,0 +1,46 @@
+// The road of one source file, for whoever drives a run: the window's worker and the batch program alike.
+#pragma once
+
+#include "engine/RepairReport.h"
+
+#include <QString>
+#include <QStringList>
+
+/// Status codes of a source row, as the results list holds them.
+namespace status {
+constexpr auto Unreached = "";
+constexpr auto Stopped = "1";
+constexpr auto Invalid = "2";
+constexpr auto Sample = "3";
+constexpr auto Output = "4";
+constexpr auto Repaired = "5";
+constexpr auto StoppedSample = "6";
+constexpr auto Queued = "7";
+} // namespace status
+
+struct FileOutcome
+{
+    QString source;      ///< path as it was given
+    QString suffix;      ///< its suffix as it stands in the name
+    QString statusCode;  ///< Unreached, Stopped or Invalid: what the engine said before any row was made
+    QStringList results; ///< `lstResultNames` as the engine left it
+    RepairReport report;
+};
+
+/// Makes the working folder of a run below the working root, wipes what an earlier run left there, and resets the run
+/// fields of `pApp`. False if the folder can't be made or used.
+bool beginRun();
+
+/// Suffixes, in upper case, that repairOneFile knows a way for.
+const QStringList &repairableSuffixes();
+
+/// Takes one file through dispatch, rebuild and the second way. Needs beginRun() before the first file of a run.
+/// Leaves `lstResultNames` and `report` of `pApp` as they are handed back here. Never throws, never writes the source.
+FileOutcome repairOneFile(const QString &path);
+
+/// Repairs a file with a healthy sample; `statusCode` is Invalid: a row of the output is what lifts it.
+FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path);
+
+/// The name of a source in the working folder: its file name, with the prefix "Copy(n)_" where an earlier source of
+/// this run had the same name.
+QString workingName(const QString &path);

@@ -1,0 +1,109 @@
+#include "engine/OutputRows.h"
+
+#include "app/StopFlag.h"
+#include "engine/Judge.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+bool holdsImageNumber(const QString &name, int first, int last, Qt::CaseSensitivity sensitivity)
+{
+    for (int number = first; number <= last; ++number)
+        if (name.contains(QStringLiteral("_[T%1]").arg(number), sensitivity)) return true;
+    return false;
+}
+
+QString withoutSlashes(QString name)
+{
+    return name.remove(QLatin1Char('/'));
+}
+
+/// The place that the kind of the output has, and behind it the places where writers have been seen to put it.
+QStringList places(const QString &name)
+{
+    const QString plain = withoutSlashes(name);
+    const QString own = pApp->strTempDir + plain;
+    const QString thumbnail = pApp->strTempDir + QLatin1String("Thumbnail Repaired/") + plain;
+    const QString secondThumbnail = pApp->strTempDir + QLatin1String("Thumbnail Repaired") + plain;
+    if (holdsImageNumber(plain, 1, 4, Qt::CaseInsensitive)) return {thumbnail, secondThumbnail, own};
+    return {own, thumbnail};
+}
+
+const OutputReport *reported(const FileOutcome &outcome, const QString &name)
+{
+    const auto &outputs = outcome.report.outputs;
+    const auto found = std::find_if(outputs.begin(), outputs.end(), [&](const OutputReport &o) { return o.name == name; });
+    return found == outputs.end() ? nullptr : &*found;
+}
+
+OutputRow rowFor(const FileOutcome &outcome, const QString &name)
+{
+    OutputRow row;
+    row.name = withoutSlashes(name);
+    row.thumbnail = isThumbnailName(name);
+    row.type = QLatin1String(row.thumbnail ? "Thumbnail" : "Repaired");
+    const OutputReport *output = reported(outcome, name);
+    row.path = output && QFileInfo::exists(output->path) ? output->path : outputPath(name);
+    const QSize size = output && output->size.isValid() ? output->size : judgeJpeg(row.path).size;
+    row.resolution = QStringLiteral("%1x%2").arg(size.height()).arg(size.width());
+    return row;
+}
+
+} // namespace
+
+bool isThumbnailName(const QString &name)
+{
+    return holdsImageNumber(name, 1, 4, Qt::CaseSensitive);
+}
+
+QString outputPath(const QString &name)
+{
+    for (const QString &path : places(name))
+        if (QFileInfo::exists(path)) return path;
+    return QString();
+}
+
+QString destinationPlace(const QString &name)
+{
+    const QString plain = withoutSlashes(name);
+    return holdsImageNumber(plain, 1, 3, Qt::CaseInsensitive) ? QLatin1String("Thumbnail Repaired/") + plain : plain;
+}
+
+OutputRows makeRows(const FileOutcome &outcome)
+{
+    OutputRows out;
+    out.sourceStatus = outcome.statusCode;
+    if (outcome.statusCode == QLatin1String(status::Stopped)) return out;
+    // With a thumbnail in front the main image, if any, came last: the list is then read backwards.
+    QStringList names = outcome.results;
+    if (!names.isEmpty() && names.first().contains(QLatin1String("_[T1]"))) std::reverse(names.begin(), names.end());
+    for (const QString &name : qAsConst(names)) {
+        if (stopRequested()) {
+            out.sourceStatus = QLatin1String(status::Stopped);
+            return out;
+        }
+        if (name.contains(QLatin1String("_[T4]"))) continue; // made and listed, but never offered
+        const OutputRow row = rowFor(outcome, name);
+        if (!row.thumbnail) out.sourceStatus = QLatin1String(status::Repaired);
+        out.rows.append(row);
+    }
+    return out;
+}
+
+OutputRows makeSampleRows(const FileOutcome &outcome)
+{
+    OutputRows out;
+    out.sourceStatus = outcome.statusCode;
+    const QStringList offered = {QStringLiteral("JPEG"), QStringLiteral("JPG"), QStringLiteral("jpg"),
+                                 QStringLiteral("jpeg")};
+    if (outcome.statusCode == QLatin1String(status::Stopped) || outcome.results.isEmpty()
+        || !offered.contains(outcome.suffix))
+        return out;
+    const OutputRow row = rowFor(outcome, outcome.results.first());
+    if (!row.thumbnail) out.sourceStatus = QLatin1String(status::Repaired);
+    out.rows.append(row);
+    return out;
+}

@@ -1,0 +1,92 @@
+#include "engine/RepairReport.h"
+
+#include <QJsonArray>
+
+#include <array>
+
+namespace {
+
+struct ReasonWords
+{
+    RepairReason reason;
+    const char *word;
+    const char *text;
+};
+
+constexpr std::array<ReasonWords, 12> kReasons = {{
+    {RepairReason::None, "", ""},
+    {RepairReason::Unreadable, "unreadable", "The file can't be read, or it isn't a file."},
+    {RepairReason::Empty, "empty", "The file is empty."},
+    {RepairReason::TooLarge, "too-large", "The file or its picture is larger than can be handled."},
+    {RepairReason::OtherFormat, "other-format", "The file is of a format that isn't repaired."},
+    {RepairReason::HeaderLost, "header-lost", "The header is lost; a healthy sample from the same camera may help."},
+    {RepairReason::DecoderRefused, "decoder-refused", "The picture was rebuilt, but it doesn't decode."},
+    {RepairReason::NoPreview, "no-preview", "No usable picture was found inside the file."},
+    {RepairReason::TilesUnknown, "tiles-unknown", "The number of image tiles fits no known layout."},
+    {RepairReason::BoxesLost, "boxes-lost",
+     "The boxes that describe the image are lost; a healthy sample from the same camera may help."},
+    {RepairReason::DiskFull, "disk-full", "The disk of the working folder is full."},
+    {RepairReason::Stopped, "stopped", "The run was stopped before the file was finished."},
+}};
+
+const ReasonWords &wordsOf(RepairReason reason)
+{
+    for (const ReasonWords &words : kReasons) {
+        if (words.reason == reason) return words;
+    }
+    return kReasons[0];
+}
+
+QJsonObject toJson(const OutputReport &output)
+{
+    QJsonObject object{{"name", output.name}, {"path", output.path}, {"way", wayWord(output.way)}};
+    if (output.size.isValid()) {
+        object.insert("width", output.size.width());
+        object.insert("height", output.size.height());
+    }
+    return object;
+}
+
+} // namespace
+
+QString reasonWord(RepairReason reason)
+{
+    return QString::fromLatin1(wordsOf(reason).word);
+}
+
+QString reasonText(RepairReason reason)
+{
+    return QString::fromLatin1(wordsOf(reason).text);
+}
+
+QString wayWord(RepairWay way)
+{
+    switch (way) {
+    case RepairWay::Main: return QStringLiteral("main");
+    case RepairWay::Nested: return QStringLiteral("nested");
+    case RepairWay::SecondWay: return QStringLiteral("second way");
+    case RepairWay::Sample: return QStringLiteral("sample");
+    case RepairWay::Pointers: return QStringLiteral("pointers");
+    case RepairWay::Carve: return QStringLiteral("carve");
+    case RepairWay::Rewrite: return QStringLiteral("rewrite");
+    }
+    return {};
+}
+
+QJsonObject toJson(const RepairReport &report)
+{
+    QJsonArray outputs;
+    for (const OutputReport &output : report.outputs) outputs.append(toJson(output));
+    return {
+        {"dqtReplaced", report.dqtReplaced},
+        {"dhtReplaced", report.dhtReplaced},
+        {"codesNeutralised", report.codesNeutralised},
+        {"bytesSteppedOver", report.bytesSteppedOver},
+        {"missingSegments", QJsonArray::fromStringList(report.missingSegments)},
+        {"headerBroken", report.headerBroken},
+        {"decoderRefused", report.decoderRefused},
+        {"decoderWarning", report.decoderWarning},
+        {"outputs", outputs},
+        {"reason", reasonWord(report.reason)},
+    };
+}

@@ -1,0 +1,56 @@
+// What the engine did for one file, beside the told results: counters and texts that change no decision.
+#pragma once
+
+#include <QJsonObject>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// The way by which an output came about.
+enum class RepairWay { Main, Nested, SecondWay, Sample, Pointers, Carve, Rewrite };
+
+/// Why a file gave nothing.
+enum class RepairReason {
+    None,
+    Unreadable,
+    Empty,
+    TooLarge,
+    OtherFormat,
+    HeaderLost, ///< a sample may help
+    DecoderRefused,
+    NoPreview,
+    TilesUnknown,
+    BoxesLost, ///< a sample may help
+    DiskFull,
+    Stopped
+};
+
+struct OutputReport
+{
+    QString name; ///< as it stands in lstResultNames
+    QString path; ///< where the writer put it
+    RepairWay way = RepairWay::Main;
+    QSize size; ///< width and height that the judge found; invalid where the written bytes were not the judged ones
+};
+
+struct RepairReport
+{
+    int dqtReplaced = 0;
+    int dhtReplaced = 0;
+    qint64 codesNeutralised = 0;  ///< bytes of the entropy data overwritten with 00
+    qint64 bytesSteppedOver = 0;  ///< positions that the walk of the user's file passed as no usable segment
+    QStringList missingSegments;  ///< of "DQT", "DHT", "SOF", "SOS": what the header check did not find
+    bool headerBroken = false;    ///< the header check of the main image failed
+    bool decoderRefused = false;  ///< the judge refused at least one rebuilt image
+    QString decoderWarning;       ///< the decoder's first words about a rebuilt image
+    QVector<OutputReport> outputs;
+    RepairReason reason = RepairReason::None;
+};
+
+/// The word for a reason as the batch program prints it, "" for None.
+QString reasonWord(RepairReason reason);
+/// One line for a person that says what the reason means and whether a sample may help; "" for None.
+QString reasonText(RepairReason reason);
+QString wayWord(RepairWay way);
+QJsonObject toJson(const RepairReport &report);

@@ -1,0 +1,78 @@
+#include "save/BytePatcher.h"
+
+#include "app/StopFlag.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+void noteLoss()
+{
+    if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG) pApp->report.reason = RepairReason::DiskFull;
+}
+
+} // namespace
+
+BytePatcher::BytePatcher(FILE *file) : m_fd(::fileno(file))
+{
+    std::fflush(file);
+    struct stat info = {};
+    if (::fstat(m_fd, &info) == 0) m_size = m_end = info.st_size;
+}
+
+BytePatcher::~BytePatcher()
+{
+    flush();
+    // Behind the old end there is nothing but zeros, so a hole will do: it takes no room however far it reaches.
+    if (m_end > m_size && ::ftruncate(m_fd, off_t(m_end)) != 0) noteLoss();
+}
+
+void BytePatcher::zero(qint64 offset)
+{
+    if (offset < 0) return;
+    if (offset >= m_size) {
+        m_end = std::max(m_end, offset + 1);
+        return;
+    }
+    if (offset < m_start || offset >= m_start + kBlock) moveTo(offset / kBlock * kBlock);
+    const auto at = size_t(offset - m_start);
+    if (at >= m_block.size()) return; // the block could not be read
+    m_block[at] = 0;
+    m_dirty = true;
+}
+
+void BytePatcher::zero(qint64 offset, quint32 stride, quint32 count)
+{
+    if (count == 0) return;
+    for (quint32 i = 0; i < count && offset + qint64(i) * stride < m_size; ++i) {
+        if ((i & 0xFFFF) == 0xFFFF && stopRequested()) return;
+        zero(offset + qint64(i) * stride);
+    }
+    zero(offset + qint64(count - 1) * stride);
+}
+
+void BytePatcher::moveTo(qint64 block)
+{
+    flush();
+    m_start = block;
+    m_block.assign(size_t(std::min(kBlock, m_size - block)), 0);
+    if (::pread(m_fd, m_block.data(), m_block.size(), off_t(block)) < 0) m_block.clear();
+}
+
+void BytePatcher::flush()
+{
+    const auto size = qint64(m_block.size());
+    for (qint64 done = 0; m_dirty && done < size;) {
+        const ssize_t put = ::pwrite(m_fd, m_block.data() + done, size_t(size - done), off_t(m_start + done));
+        if (put < 0 && errno == EINTR) continue;
+        if (put < 0) {
+            noteLoss();
+            break;
+        }
+        done += put;
+    }
+    m_dirty = false;
+}

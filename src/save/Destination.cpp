@@ -1,0 +1,156 @@
+#include "save/Destination.h"
+
+#include "app/KesmiraApp.h"
+#include "app/WorkingRoot.h"
+#include "engine/OutputRows.h"
+#include "save/FileCopy.h"
+#include "save/SaveFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr QLatin1String kThumbnailFolder("Thumbnail Repaired/");
+constexpr QLatin1String kHeicFolder("HEIC_Repaired/");
+
+/// The path without links, also where its last parts don't exist yet.
+QString resolvedPath(const QString &path)
+{
+    QString existing = QDir(path).absolutePath();
+    QString rest;
+    while (!QFileInfo::exists(existing) && existing != "/") {
+        const int slash = existing.lastIndexOf('/');
+        rest.prepend(existing.mid(slash));
+        existing = slash > 0 ? existing.left(slash) : QStringLiteral("/");
+    }
+    const QString resolved = QFileInfo(existing).canonicalFilePath();
+    return resolved == "/" && !rest.isEmpty() ? rest : resolved + rest;
+}
+
+void resetAnswers(const QString &folder)
+{
+    pApp->strSaveFolder = folder;
+    pApp->strDestRoot = folder;
+    pApp->nSavedCount = 0;
+    for (bool *flag :
+         {&pApp->bOverwriteOnce, &pApp->bRenameOnce, &pApp->bSkipCurrentFile, &pApp->bOverwriteAll, &pApp->bRenameAll,
+          &pApp->bSkipAllFiles, &pApp->bSaveCancelled, &pApp->bFolderRename, &pApp->bFolderOverwrite}) {
+        *flag = false;
+    }
+}
+
+/// Makes or settles the run folder. False if the user has cancelled.
+bool settleRunFolder(ConflictPrompt &prompt)
+{
+    pApp->strDestFolderName = pApp->strTempDirName;
+    pApp->strDestPath = pApp->strDestRoot + '/' + pApp->strDestFolderName + '/';
+    SaveFile().SaveTree(pApp->strDestPath, prompt);
+    pApp->nFileSize = 0;
+    if (pApp->bSaveCancelled || pApp->bSkipCurrentFile) return false;
+    if (pApp->bFolderRename) pApp->strSaveFolder += '/' + pApp->strDestFolderName;
+    return true;
+}
+
+/// Makes the folders of the layout and returns the one of the main images, with a trailing "/".
+QString makeLayout()
+{
+    const QString leaf = QDir(pApp->strTempDir).dirName();
+    const QString base = (pApp->strSaveFolder == "/" ? QString() : pApp->strSaveFolder) + '/' + leaf + '/';
+    if (pApp->bFolderRename) {
+        pApp->strDestPath = pApp->strSaveFolder;
+        QDir().mkdir(pApp->strDestPath);
+        QDir().mkdir(base);
+    }
+    if (QFileInfo(pApp->strTempDir + kHeicFolder).isDir()) QDir().mkdir(base + kHeicFolder);
+    QDir().mkdir(base + kThumbnailFolder);
+    return base;
+}
+
+/// False for a text that a person may type as a new name but that would lead to another folder or to none.
+bool isFileName(const QString &name)
+{
+    return !name.isEmpty() && name != "." && name != ".." && !name.contains('/') && !name.contains(QChar(0));
+}
+
+/// The path to write an output to, "" if it is skipped or its new name can't be one (then with `error`).
+QString settleTarget(const QString &target, const QString &place, ConflictPrompt &prompt, QString &error)
+{
+    const QFileInfo standing(target);
+    if (!pApp->bFolderOverwrite || !(standing.exists() || standing.isSymLink())) return target;
+    const QString settled = SaveFile().CheckForFile_FolderNAME(pApp->strDestPath + place, prompt);
+    if (settled.isEmpty()) return {};
+    if (!isFileName(pApp->strConflictName)) {
+        error = QStringLiteral("'%1' can't be a file's name").arg(pApp->strConflictName);
+        return {};
+    }
+    // The name's place follows the suffix of the run's last source; a HEIC keeps its own folder whatever that was.
+    if (place.startsWith(kHeicFolder)) return target.left(target.lastIndexOf('/') + 1) + pApp->strConflictName;
+    return settled;
+}
+
+SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &prompt)
+{
+    SavedRow row;
+    row.name = name;
+    pApp->strConflictName = name;
+    const QString place = destinationPlace(name);
+    const QString source = outputPath(name);
+    const QString target = settleTarget(base + place, place, prompt, row.error);
+    ++pApp->nSavedCount;
+    if (!row.error.isEmpty()) return row;
+    if (target.isEmpty()) {
+        row.result = SaveResult::Skipped;
+        return row;
+    }
+    if (source.isEmpty()) {
+        row.error = QStringLiteral("the repaired file is gone from the working folder");
+        return row;
+    }
+    const bool replaces = pApp->bOverwriteAll || pApp->bOverwriteOnce;
+    row.error = replaces ? replaceByCopy(source, target) : copyToNewFile(source, target);
+    if (!row.error.isEmpty()) return row;
+    row.result = SaveResult::Saved;
+    row.target = target;
+    return row;
+}
+
+} // namespace
+
+QString destinationProblem(const QString &folder)
+{
+    const QFileInfo info(folder);
+    if (info.exists() && !info.isDir()) return QStringLiteral("the destination '%1' is not a folder").arg(folder);
+    // The next run wipes what lies there.
+    const QString root = resolvedPath(workingRoot());
+    const QString resolved = resolvedPath(folder);
+    if (resolved == root || resolved.startsWith(root == "/" ? root : root + '/')) {
+        return QStringLiteral("the destination '%1' lies inside the program's working folder").arg(folder);
+    }
+    return {};
+}
+
+SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt)
+{
+    SaveOutcome outcome;
+    resetAnswers(folder);
+    if (folder.isEmpty()) {
+        outcome.cancelled = true;
+        return outcome;
+    }
+    outcome.error = destinationProblem(folder);
+    if (!outcome.error.isEmpty()) return outcome;
+    if (!settleRunFolder(prompt)) {
+        outcome.cancelled = true;
+        return outcome;
+    }
+    const QString base = makeLayout();
+    outcome.folder = base.left(base.size() - 1);
+    if (!QFileInfo(base).isDir()) {
+        outcome.error = QStringLiteral("the folder '%1' can't be made").arg(outcome.folder);
+        return outcome;
+    }
+    for (const QString &name : names) outcome.rows.append(saveOne(name, base, prompt));
+    pApp->bFolderOverwrite = false;
+    return outcome;
+}

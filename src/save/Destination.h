@@ -1,0 +1,38 @@
+// Copies chosen outputs of a run from the working folder to a folder of the user's, under the fixed layout of a run folder.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+class ConflictPrompt;
+
+enum class SaveResult { Saved, Skipped, Failed };
+
+/// What became of one output.
+struct SavedRow
+{
+    QString name;
+    SaveResult result = SaveResult::Failed;
+    QString target; ///< where it was written; empty unless saved
+    QString error;  ///< one line; empty unless failed
+};
+
+struct SaveOutcome
+{
+    QString error;          ///< one line why nothing could be saved, else empty
+    bool cancelled = false; ///< the question about the run folder was answered with Cancel
+    QString folder;         ///< the folder that holds the results' layout, without trailing "/"
+    QVector<SavedRow> rows; ///< in the order of the names
+};
+
+/// "" if results may be saved below `folder`, else one line why not. A folder that doesn't exist yet may.
+QString destinationProblem(const QString &folder);
+
+/// Saves the outputs `names` of the current run below `folder`, an existing one: FOLDER/RepairedFiles/ for main images, and below
+/// that "Thumbnail Repaired/" and "HEIC_Repaired/". Asks `prompt` where the run folder exists, and, once that was answered
+/// with Overwrite, for each file that exists. A file is created exclusively or replaced as a whole, so one that can't be
+/// written leaves what stood there.
+/// Resets the conflict flags of `pApp` first and leaves the answers in them; `nSavedCount` counts every row that was
+/// handled, skipped ones too.
+SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt);

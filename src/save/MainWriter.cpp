@@ -1,0 +1,157 @@
+// SaveFile: the road of one image from the chain to the working folder, and the writer of an ordinary JPEG.
+
+#include "app/WorkingRoot.h"
+#include "engine/Judge.h"
+#include "save/SaveFile.h"
+#include "save/ScratchFile.h"
+#include "save/SkipFlags.h"
+#include "save/WipeFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr QLatin1String kMainPrefix("Vorlane");
+
+/// The file's name as far as it fits behind the prefix: a source's own may take all that a file system allows.
+QString scratchName()
+{
+    QString name = pApp->strFileName;
+    while (QFile::encodeName(name).size() > 255 - kMainPrefix.size()) name.remove(0, 1);
+    return kMainPrefix + name;
+}
+
+} // namespace
+
+void SaveFile::setStates(bool nestedWriter)
+{
+    wResultState = nestedWriter ? 1 : 0;
+    bFromNestedWriter = nestedWriter;
+    wStateFailed = 101;
+    wStateInvalid = 102;
+    wStateThumbAbsent = 103;
+    wStateThumbCorrupt = 104;
+}
+
+int SaveFile::finish()
+{
+    WipeFolder().WipeFile(QStringLiteral("Vorlane"));
+    pApp->nThumbPass = 0;
+    return 1;
+}
+
+int SaveFile::SaveFile_new()
+{
+    setStates(false);
+    if (stopRequested()) return 0;
+    const bool cancelled = flagRaised(pApp->bSaveCancelled);
+    if (pApp->bThumbOnlyMode) {
+        if (!pApp->bThumbFound)
+            recordAbsentThumbnail(QStringLiteral("    (Thumbnail Absent)"));
+        else if (!cancelled)
+            writeNestedImages();
+        return finish();
+    }
+    if (cancelled) return finish();
+
+    pApp->nSavePhase = 2;
+    if (!writeMain(CheckMarkerSequence(0), QStringLiteral("    (Invalid File)"))) return finish();
+    pApp->nSavePhase = 1;
+    const bool wanted = pApp->bThumbFound && pApp->nRepairOutputMode == 2 && !skippingThisFile();
+    if (wanted && !writeNestedImages()) return finish();
+    pApp->nSavePhase = 0;
+    return finish();
+}
+
+/// False if a skip was asked for and nothing more is to be done for this file.
+bool SaveFile::writeMain(bool sequenceHolds, const QString &invalidMark)
+{
+    if (pApp->nThumbPass != 0) return true;
+    if (skipping()) return false;
+    if (sequenceHolds) {
+        const Output output = mainOutput();
+        buildAndCopy(output, [this](FILE *out) {
+            bFromNestedWriter ? SaveStart_newFormatRaw(out) : SaveStart_newFormat(out, 0);
+        });
+        // No wipe of the scratch folder reaches this one: its name begins with the folder's and lies beside it.
+        WipeFolder().ActuallyFileWipe(output.scratch);
+        return true;
+    }
+    pApp->report.headerBroken = true;
+    if (!pApp->strFileName.isEmpty()) ++pApp->nInvalidCount;
+    recordFailure(tr("Invalid File"), wStateInvalid, pApp->strRepairedPath, pApp->strFileName + invalidMark);
+    pApp->nHuffmanResultLength = 0;
+    return true;
+}
+
+SaveFile::Output SaveFile::mainOutput() const
+{
+    Output output;
+    output.scratch = scratchRoot() + QLatin1Char('/') + scratchName();
+    output.path = pApp->strRepairedPath;
+    output.name = pApp->strFileName;
+    output.way = RepairWay::Main;
+    output.wholeCopy = !bFromNestedWriter;
+    output.failureText = tr("Important marker missing. File can't repaire.");
+    output.failureState = wStateFailed;
+    return output;
+}
+
+void SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE *)> &write)
+{
+    QDir().mkdir(scratchRoot() + QLatin1String("/Vorlane"));
+    pApp->strBuiltPath = output.scratch;
+    if (FILE *scratch = createFile(output.scratch)) {
+        if (!skippingThisFile()) write(scratch);
+        // On a full disk the head of a picture could pass for all of it.
+        if (!closeFile(scratch)) QFile::remove(output.scratch);
+    }
+    const Verdict verdict = judgeJpeg(output.scratch);
+    if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning;
+    if (!verdict.decodes) {
+        pApp->report.decoderRefused = true;
+        if (!skipping())
+            recordFailure(output.failureText, output.failureState, output.path, output.name + output.failureMark);
+        return;
+    }
+    FILE *copy = createFile(output.path);
+    if (!copy) return;
+    const bool wanted = !skippingThisFile();
+    if (wanted) output.wholeCopy ? SaveExactCopy_new_org(copy) : SaveExactCopy_new(copy);
+    if (!closeFile(copy)) {
+        QFile::remove(output.path); // a full disk: half a picture would pass for a repaired one
+        return;
+    }
+    if (!wanted) return;
+    ++pApp->nResultCounter;
+    ++nOutputsDone;
+    if (!record(output.path, output.name)) return;
+    // The judge has seen these very bytes, unless the copy was cut to another length.
+    const bool judged = output.wholeCopy || qint64(pApp->nTempCopySize) >= QFileInfo(output.scratch).size();
+    pApp->report.outputs.append({output.name, output.path, output.way, judged ? verdict.size : QSize()});
+}
+
+void SaveFile::recordFailure(const QString &text, quint16 state, const QString &path, const QString &name)
+{
+    pApp->strStatusText = text;
+    wResultState = state;
+    ++pApp->nResultCounter;
+    ++nOutputsDone;
+    record(path, name);
+}
+
+void SaveFile::recordAbsentThumbnail(const QString &mark)
+{
+    if (skippingThisFile()) return;
+    if (!pApp->strFileName.isEmpty()) ++pApp->nThumbAbsentCount;
+    recordFailure(tr("No Thumbnail found"), wStateThumbAbsent, pApp->strRepairedPath, pApp->strFileName + mark);
+}
+
+bool SaveFile::record(const QString &path, const QString &name)
+{
+    const int before = pApp->lstResultNames.size();
+    AddRepairedFileList(&pApp->pRepairedHead, &pApp->pRepairedTail, path, name, pApp->nResultCounter,
+                        quint16(nOutputsDone), quint16(nOutputIndex), wResultState, bFromNestedWriter);
+    return pApp->lstResultNames.size() > before;
+}
