@@ -15,8 +15,9 @@ namespace {
 QString folder()
 {
     // Memory, where the system offers it: a target writes thousands of files a second.
-    static QTemporaryDir made(QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm/fuzz-XXXXXX")
-                                                                       : QDir::tempPath() + QStringLiteral("/fuzz-XXXXXX"));
+    static QTemporaryDir made(QDir(QStringLiteral("/dev/shm")).exists()
+                                  ? QStringLiteral("/dev/shm/fuzz-XXXXXX")
+                                  : QDir::tempPath() + QStringLiteral("/fuzz-XXXXXX"));
     return made.path();
 }
 

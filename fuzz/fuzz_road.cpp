@@ -22,7 +22,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     demand(outcome.results.isEmpty() == (outcome.report.reason != RepairReason::None), "results and reason disagree");
     for (const QString &name : outcome.results)
         demand(name.contains(QLatin1String("_[T4]")) || !outputPath(name).isEmpty(), "a listed output isn't there");
-    for (const OutputRow &row : rows.rows)
-        demand(QFileInfo::exists(row.path), "a row has no file");
+    for (const OutputRow &row : rows.rows) demand(QFileInfo::exists(row.path), "a row has no file");
     return 0;
 }

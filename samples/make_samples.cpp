@@ -1,5 +1,5 @@
-// Draws the pictures of this folder, damages them and writes them: `make_samples DIR`. The bytes are the same every time.
-// README.md says what is broken in each file and what should come out of it; the two change together.
+// Draws the pictures of this folder, damages them and writes them: `make_samples DIR`. The bytes are the same every
+// time. README.md says what is broken in each file and what should come out of it; the two change together.
 
 #include "support/Damage.h"
 #include "support/Pictures.h"
@@ -70,10 +70,11 @@ QByteArray illegalCodesInScan()
 
 QByteArray lostHeadTablesLeft()
 {
-    const JpegOptions options{.quality = 90,
-                              .segments = {commentSegment("The first bytes of this file are lost, up to the middle of this "
-                                                          "comment."),
-                                           segment(APP2, 200)}};
+    const JpegOptions options{
+        .quality = 90,
+        .segments = {commentSegment("The first bytes of this file are lost, up to the middle of this "
+                                    "comment."),
+                     segment(APP2, 200)}};
     return picture(4, options).dropHead(upTo(COM) + 30);
 }
 
@@ -103,7 +104,8 @@ QByteArray progressiveDamagedDqt()
 
 QByteArray greyDamagedDht()
 {
-    return Damage(makeJpeg(drawGreyPicture(320, 240, 11), {.quality = 90, .oneDht = true})).zero(at(DHT) + kFirstAcTable + kSymbolsBehindHead, 100);
+    return Damage(makeJpeg(drawGreyPicture(320, 240, 11), {.quality = 90, .oneDht = true}))
+        .zero(at(DHT) + kFirstAcTable + kSymbolsBehindHead, 100);
 }
 
 QByteArray lostTail()

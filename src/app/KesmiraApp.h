@@ -162,11 +162,11 @@ public:
     bool bHasApp13Images = false;
     bool bHasSoiImages = false;
     bool bApplyToAllSameFormat = false;
-    quint16 nImageWidth = 0;    ///< samples per line from the last SOF0 to SOF2
-    quint16 nGapAfterDqt1 = 0;  ///< non-marker positions behind the first DQT
-    quint16 nGapAfterDqt2 = 0;  ///< behind the second
-    quint16 nGapAfterDqt3 = 0;  ///< behind the third
-    quint32 nNestedTotalA = 0;  ///< diagnostics
+    quint16 nImageWidth = 0;   ///< samples per line from the last SOF0 to SOF2
+    quint16 nGapAfterDqt1 = 0; ///< non-marker positions behind the first DQT
+    quint16 nGapAfterDqt2 = 0; ///< behind the second
+    quint16 nGapAfterDqt3 = 0; ///< behind the third
+    quint32 nNestedTotalA = 0; ///< diagnostics
     quint32 nNestedTotalB = 0;
     FileWindow *pCurrentFile = nullptr; ///< reader of the file under analysis
     tagMainList *pMainListHead = nullptr;

@@ -9,6 +9,7 @@ QString workingRoot();
 void setWorkingRoot(const QString &path);
 
 /// Makes the root with mode 0700 and checks that it is a folder of this user's that nobody else may enter, and no link.
+/// A root given to setWorkingRoot may be a folder that others can enter, but not write.
 /// Returns "" or one line that says what is wrong.
 QString prepareWorkingRoot();
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr QLatin1String kMark("/.kesmira-root");
+constexpr char kMark[] = "/.kesmira-root";
 
 /// True if something stands there that a wipe or a new folder would cost the user.
 bool holdsAnything(const QString &path)

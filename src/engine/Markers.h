@@ -52,10 +52,8 @@ constexpr bool isImageOpener(quint16 word)
     case SOF0:
     case SOS:
     case APP13:
-    case APP14:
-        return true;
-    default:
-        return false;
+    case APP14: return true;
+    default: return false;
     }
 }
 

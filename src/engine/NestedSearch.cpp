@@ -31,23 +31,16 @@ bool opensNestedImage(FileWindow &file, quint64 offset)
     // One byte above what the largest header of a thumbnail has: three tables in a DQT (197), all four in a DHT (418),
     // a JFIF APP0 (16), three components in a frame (17) and in a scan header (12).
     switch (file.wordAt(offset + 2)) {
-    case jpeg::DQT:
-        return length < 198;
-    case jpeg::DHT:
-        return length < 419;
-    case jpeg::APP0:
-        return length < 17;
-    case jpeg::SOF0:
-        return length < 18;
+    case jpeg::DQT: return length < 198;
+    case jpeg::DHT: return length < 419;
+    case jpeg::APP0: return length < 17;
+    case jpeg::SOF0: return length < 18;
     case jpeg::SOS:
-    case jpeg::APP13:
-        return length < 13;
+    case jpeg::APP13: return length < 13;
     case jpeg::APP1:
     case jpeg::APP2:
-    case jpeg::APP14:
-        return true;
-    default:
-        return false;
+    case jpeg::APP14: return true;
+    default: return false;
     }
 }
 

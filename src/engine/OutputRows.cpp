@@ -35,7 +35,8 @@ QStringList places(const QString &name)
 const OutputReport *reported(const FileOutcome &outcome, const QString &name)
 {
     const auto &outputs = outcome.report.outputs;
-    const auto found = std::find_if(outputs.begin(), outputs.end(), [&](const OutputReport &o) { return o.name == name; });
+    const auto found =
+        std::find_if(outputs.begin(), outputs.end(), [&](const OutputReport &o) { return o.name == name; });
     return found == outputs.end() ? nullptr : &*found;
 }
 

@@ -42,26 +42,19 @@ quint64 PlainWalk::step(quint64 at)
 
     const quint16 word = m_file.wordAt(at);
     switch (word) {
-    case jpeg::SOI:
-        return soi(at);
+    case jpeg::SOI: return soi(at);
     case jpeg::DQT:
         m_engine.bDqtSeen = true;
         ++m_dqtCount;
         m_seenDqt = true;
         return segment(at);
-    case jpeg::DHT:
-        return dht(at);
+    case jpeg::DHT: return dht(at);
     case jpeg::SOF0:
     case jpeg::SOF1:
-    case jpeg::SOF2:
-        m_seenSof = true;
-        return segment(at);
-    case jpeg::SOS:
-        return m_seenDqt && m_seenSof && m_seenDht ? scan(at) : steppedOver(at, at + 2);
-    case jpeg::EOI:
-        return endOfImage(at);
-    default:
-        return jpeg::isSegmentMarker(word) ? otherSegment(at) : steppedOver(at, at + 1);
+    case jpeg::SOF2: m_seenSof = true; return segment(at);
+    case jpeg::SOS: return m_seenDqt && m_seenSof && m_seenDht ? scan(at) : steppedOver(at, at + 2);
+    case jpeg::EOI: return endOfImage(at);
+    default: return jpeg::isSegmentMarker(word) ? otherSegment(at) : steppedOver(at, at + 1);
     }
 }
 
@@ -105,8 +98,10 @@ quint64 PlainWalk::dht(quint64 at)
 quint64 PlainWalk::segment(quint64 at)
 {
     quint64 end = at;
-    if (m_engine.bDhtUsable || m_engine.bDqtSeen) end += add(at);
-    else if (wholeFile()) pApp->report.bytesSteppedOver += 2;
+    if (m_engine.bDhtUsable || m_engine.bDqtSeen)
+        end += add(at);
+    else if (wholeFile())
+        pApp->report.bytesSteppedOver += 2;
     countGap(end + 2);
     return end + 2;
 }

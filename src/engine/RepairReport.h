@@ -38,12 +38,12 @@ struct RepairReport
 {
     int dqtReplaced = 0;
     int dhtReplaced = 0;
-    qint64 codesNeutralised = 0;  ///< bytes of the entropy data overwritten with 00
-    qint64 bytesSteppedOver = 0;  ///< positions that the walk of the user's file passed as no usable segment
-    QStringList missingSegments;  ///< of "DQT", "DHT", "SOF", "SOS": what the header check did not find
-    bool headerBroken = false;    ///< the header check of the main image failed
-    bool decoderRefused = false;  ///< the judge refused at least one rebuilt image
-    QString decoderWarning;       ///< the decoder's first words about a rebuilt image
+    qint64 codesNeutralised = 0; ///< bytes of the entropy data overwritten with 00
+    qint64 bytesSteppedOver = 0; ///< positions that the walk of the user's file passed as no usable segment
+    QStringList missingSegments; ///< of "DQT", "DHT", "SOF", "SOS": what the header check did not find
+    bool headerBroken = false;   ///< the header check of the main image failed
+    bool decoderRefused = false; ///< the judge refused at least one rebuilt image
+    QString decoderWarning;      ///< the decoder's first words about a rebuilt image
     QVector<OutputReport> outputs;
     RepairReason reason = RepairReason::None;
 };

@@ -184,6 +184,7 @@ bool jpg_repair::ScanRefFile(const QString &samplePath, const QString &damagedPa
     setCurrentFile(std::move(file));
     pApp->strFileName = workingName(damagedPath);
     pApp->strBuiltPath = pApp->strTempDir + QLatin1Char('/') + pApp->strFileName;
+    if (!damaged.isOpen()) pApp->report.reason = RepairReason::Unreadable;
 
     bool loads = false;
     if (FILE *out = createFile(pApp->strBuiltPath)) {
@@ -191,13 +192,14 @@ bool jpg_repair::ScanRefFile(const QString &samplePath, const QString &damagedPa
             writeBytes(out, kStart, sizeof kStart);
             graftHeader(sample, out);
         }
-        if (damaged.isOpen()) {
-            const Entry scan = findLast(damaged, jpeg::SOS);
-            if (scan.found) copyTail(damaged, scan.offset + kScanHeader, out);
+        const Entry scan = damaged.isOpen() ? findLast(damaged, jpeg::SOS) : Entry();
+        if (scan.found && scan.offset + kScanHeader < damaged.size()) {
+            copyTail(damaged, scan.offset + kScanHeader, out);
+            loads = judgeBuilt(out, RepairWay::Sample, pApp->strFileName);
         } else {
-            pApp->report.reason = RepairReason::Unreadable;
+            // Nothing but a header. The decoder would make a grey picture of it, and nothing of it was the user's.
+            closeFile(out);
         }
-        loads = judgeBuilt(out, RepairWay::Sample, pApp->strFileName);
     }
     closeCurrentFile();
     return loads;

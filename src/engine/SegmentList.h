@@ -43,9 +43,9 @@ struct SegmentNode
     quint16 wMarker = 0; ///< marker word, FF in the high byte
     quint16 wLength = 0; ///< length field; 0 where it runs past the file's end, and on plain SOI and EOI nodes
     qint64 nOffset = 0;  ///< of the length field, that is, of the marker + 2
-    NestedTable<quint32> aNestedStart;  ///< SOI of each nested image
-    NestedTable<qint32> aNestedLength;  ///< its bytes, SOI up to and including EOI; 0 where no end was found
-    quint16 nApp1Nested = 0;  ///< 2 for each nested image whose end was found, 1 for one left open
+    NestedTable<quint32> aNestedStart; ///< SOI of each nested image
+    NestedTable<qint32> aNestedLength; ///< its bytes, SOI up to and including EOI; 0 where no end was found
+    quint16 nApp1Nested = 0;           ///< 2 for each nested image whose end was found, 1 for one left open
     quint16 nApp2Nested = 0;
     quint16 nApp13Nested = 0;
     quint16 nSoiNested = 0;

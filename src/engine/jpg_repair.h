@@ -92,7 +92,7 @@ private:
     bool bDqtSeen = false;
     bool bSecondImage = false; ///< a second SOI was met
 
-    size_t m_nodes = 0;                    // on the chain of the walk in hand
-    TrailingImages *m_trailing = nullptr;  // what the walk in hand shares between its nodes, if anything
+    size_t m_nodes = 0;                   // on the chain of the walk in hand
+    TrailingImages *m_trailing = nullptr; // what the walk in hand shares between its nodes, if anything
     StreamImages *m_stream = nullptr;
 };

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr QLatin1String kThumbnailFolder("Thumbnail Repaired/");
-constexpr QLatin1String kHeicFolder("HEIC_Repaired/");
+const QLatin1String kThumbnailFolder("Thumbnail Repaired/");
+const QLatin1String kHeicFolder("HEIC_Repaired/");
 
 /// The path without links, also where its last parts don't exist yet.
 QString resolvedPath(const QString &path)
@@ -85,7 +85,8 @@ QString settleTarget(const QString &target, const QString &place, ConflictPrompt
         return {};
     }
     // The name's place follows the suffix of the run's last source; a HEIC keeps its own folder whatever that was.
-    if (place.startsWith(kHeicFolder)) return target.left(target.lastIndexOf('/') + 1) + pApp->strConflictName;
+    if (place.startsWith(QLatin1String(kHeicFolder)))
+        return target.left(target.lastIndexOf('/') + 1) + pApp->strConflictName;
     return settled;
 }
 

@@ -29,7 +29,7 @@ public:
     }
     Descriptor(const Descriptor &) = delete;
     Descriptor &operator=(const Descriptor &) = delete;
-    operator int() const { return m_fd; }
+    int number() const { return m_fd; }
     /// Some file systems report lost bytes no earlier than here.
     bool close()
     {
@@ -64,11 +64,11 @@ int moveBytes(int in, int out)
 int copyExclusively(const QByteArray &source, const QByteArray &target)
 {
     const Descriptor in(::open(source.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
-    if (in < 0) return errno;
+    if (in.number() < 0) return errno;
     // The user's files get the user's usual mode; only the working folder's are private.
     Descriptor out(::open(target.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-    if (out < 0) return errno;
-    int error = moveBytes(in, out);
+    if (out.number() < 0) return errno;
+    int error = moveBytes(in.number(), out.number());
     if (!out.close() && error == 0) error = errno;
     if (error != 0) ::unlink(target.constData());
     return error;

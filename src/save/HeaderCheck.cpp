@@ -55,8 +55,7 @@ bool noteHeaderSegment(const SegmentNode &node, Seen &seen)
         seen.dqt = true;
         if (node.wLength == 67 && !singleTablesFitFrame()) return false;
         break;
-    default:
-        break;
+    default: break;
     }
     return node.wMarker == jpeg::COM || node.wLength != 0;
 }

@@ -46,20 +46,14 @@ public:
         const auto marker = quint64(node.nOffset - 2);
         const qint32 rest = bytes % kBlock;
         switch (node.wMarker) {
-        case jpeg::DQT:
-            quantizationTables(node, marker, bytes);
-            break;
-        case jpeg::DHT:
-            huffmanTables(node, marker, rest);
-            break;
+        case jpeg::DQT: quantizationTables(node, marker, bytes); break;
+        case jpeg::DHT: huffmanTables(node, marker, rest); break;
         case jpeg::SOS:
             if (!m_scanStarted) pApp->nHeaderBytes = quint64(fileLength(m_out));
             m_scanStarted = true;
             copy(marker, bytes);
             break;
-        default:
-            put(source(marker, rest), rest);
-            break;
+        default: put(source(marker, rest), rest); break;
         }
     }
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QLatin1String kMainPrefix("Vorlane");
+const QLatin1String kMainPrefix("Vorlane");
 
 /// The file's name as far as it fits behind the prefix: a source's own may take all that a file system allows.
 QString scratchName()
@@ -98,7 +98,8 @@ SaveFile::Output SaveFile::mainOutput() const
     return output;
 }
 
-void SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE *)> &write)
+/// True if the rebuilt image decodes.
+bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE *)> &write)
 {
     QDir().mkdir(scratchRoot() + QLatin1String("/Vorlane"));
     pApp->strBuiltPath = output.scratch;
@@ -113,23 +114,24 @@ void SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE 
         pApp->report.decoderRefused = true;
         if (!skipping())
             recordFailure(output.failureText, output.failureState, output.path, output.name + output.failureMark);
-        return;
+        return false;
     }
     FILE *copy = createFile(output.path);
-    if (!copy) return;
+    if (!copy) return true;
     const bool wanted = !skippingThisFile();
     if (wanted) output.wholeCopy ? SaveExactCopy_new_org(copy) : SaveExactCopy_new(copy);
     if (!closeFile(copy)) {
         QFile::remove(output.path); // a full disk: half a picture would pass for a repaired one
-        return;
+        return true;
     }
-    if (!wanted) return;
+    if (!wanted) return true;
     ++pApp->nResultCounter;
     ++nOutputsDone;
-    if (!record(output.path, output.name)) return;
+    if (!record(output.path, output.name)) return true;
     // The judge has seen these very bytes, unless the copy was cut to another length.
     const bool judged = output.wholeCopy || qint64(pApp->nTempCopySize) >= QFileInfo(output.scratch).size();
     pApp->report.outputs.append({output.name, output.path, output.way, judged ? verdict.size : QSize()});
+    return true;
 }
 
 void SaveFile::recordFailure(const QString &text, quint16 state, const QString &path, const QString &name)

@@ -30,6 +30,7 @@ void SaveFile::forgetFile()
     m_nestedFirst = nullptr;
     m_streamAsked = INT_MAX;
     m_streamBytes = 0;
+    m_streamRefusals = 0;
     m_streamFaults.clear();
 }
 
@@ -77,8 +78,7 @@ void SaveFile::countMarks()
             pApp->bHasSoiImages = true;
             addMarks(nSoiMarks, node->nSoiNested);
             break;
-        default:
-            break;
+        default: break;
         }
     }
     // Each image counts at both of its ends; of one left open only half is there, and two halves make one here.

@@ -108,7 +108,7 @@ private:
     bool writeMain(bool sequenceHolds, const QString &invalidMark);
     Output mainOutput() const;
     Output nestedOutput(const QString &name, const QString &path) const;
-    void buildAndCopy(const Output &output, const std::function<void(FILE *)> &write);
+    bool buildAndCopy(const Output &output, const std::function<void(FILE *)> &write);
     void recordFailure(const QString &text, quint16 state, const QString &path, const QString &name);
     void recordAbsentThumbnail(const QString &mark);
     bool record(const QString &path, const QString &name);
@@ -156,6 +156,7 @@ private:
     const tagMainList *m_streamNode = nullptr;  // last node looked at for a stream's image, its place on the chain,
     int m_streamIndex = 0;                      // and for which place it was looked for
     int m_streamAsked = INT_MAX;
+    int m_streamRefusals = 0;  // images in a row that did not decode
     quint64 m_streamBytes = 0; // carved out of the stream so far, or looked at for it
     FaultSet m_streamFaults;
 };

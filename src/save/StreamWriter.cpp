@@ -7,6 +7,7 @@
 #include "save/SaveFile.h"
 #include "save/ScratchFile.h"
 #include "save/SkipFlags.h"
+#include "save/WipeFolder.h"
 
 #include <QDir>
 
@@ -44,6 +45,7 @@ bool SaveFile::writeStreamImages()
     for (int index = 0; nImagesToWrite >= 1 && !stopRequested(); ++index, ++nOutputIndex, --nImagesToWrite) {
         if (!writeStreamImage(engine, index)) return false;
         if (m_streamBytes > guards::kStreamCarveFactor * pApp->nWalkFileSize) break;
+        if (m_streamRefusals >= guards::kStreamRefusals) break;
     }
     return true;
 }
@@ -74,8 +76,10 @@ bool SaveFile::writeStreamImage(jpg_repair &engine, int index)
         }
     }
     CheckMarkerSequence_Raw(0);
-    buildAndCopy(nestedOutput(pApp->strThumb1Name, pApp->strThumb1Path),
-                 [this](FILE *out) { SaveStart_newFormatRaw(out); });
+    const Output output = nestedOutput(pApp->strThumb1Name, pApp->strThumb1Path);
+    const bool decodes = buildAndCopy(output, [this](FILE *out) { SaveStart_newFormatRaw(out); });
+    m_streamRefusals = decodes ? 0 : m_streamRefusals + 1;
+    WipeFolder().ActuallyFileWipe(output.scratch); // a stream of thousands would fill the disk twice over
     engine.EmptyMemoryAllocationRaw();
     return true;
 }

@@ -40,9 +40,12 @@ string_view trimmed(string_view text)
 
 string_view takeField(string_view &line)
 {
-    const size_t end = std::min(line.find_first_of(kBlanks), line.size());
-    const string_view field = line.substr(0, end);
-    line = trimmed(line.substr(end));
+    const auto isBlank = [](char c) { return kBlanks.find(c) != string_view::npos; };
+    // Nearly all of a text is hexadecimal digits, so most characters are settled by one comparison.
+    const auto end = std::find_if(line.begin(), line.end(), [&](char c) { return c <= ' ' && isBlank(c); });
+    const size_t length = size_t(end - line.begin());
+    const string_view field = line.substr(0, length);
+    line = trimmed(line.substr(length));
     return field;
 }
 

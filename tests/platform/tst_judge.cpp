@@ -169,5 +169,5 @@ void TestJudge::limitKnowsTheMachine()
     QVERIFY(pictureMemoryLimit() <= total.toULongLong() * 1024 / 2);
 }
 
-QTEST_MAIN(TestJudge)
+QTEST_GUILESS_MAIN(TestJudge)
 #include "tst_judge.moc"

@@ -55,8 +55,26 @@ Footprint footprint(const QString &path, qint64 readUpTo)
     return print;
 }
 
+namespace {
+
+/// The decoder's complaints about broken pictures are no news here.
+class Silence
+{
+public:
+    Silence() : m_before(qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {})) {}
+    ~Silence() { qInstallMessageHandler(m_before); }
+    Silence(const Silence &) = delete;
+    Silence &operator=(const Silence &) = delete;
+
+private:
+    QtMessageHandler m_before;
+};
+
+} // namespace
+
 QImage decoded(const QByteArray &jpeg)
 {
+    const Silence silence;
     QImage image;
     image.loadFromData(jpeg, "JPG");
     return image;
@@ -64,5 +82,6 @@ QImage decoded(const QByteArray &jpeg)
 
 QImage decodedFile(const QString &path)
 {
+    const Silence silence;
     return QImage(path, "JPG");
 }

@@ -13,8 +13,9 @@
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -25,12 +26,6 @@ QStringList filesBelow(const QString &folder)
     while (files.hasNext()) names << QDir(folder).relativeFilePath(files.next());
     names.sort();
     return names;
-}
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -53,26 +48,20 @@ SaveRoom::SaveRoom()
 {
     *pApp = KesmiraApp();
     resetWalkState();
-    setWorkingRoot(m_folder.filePath("root"));
     const QString problem = prepareWorkingRoot();
     if (!problem.isEmpty()) qFatal("%s", qPrintable(problem));
     if (!beginRun()) qFatal("no working folder");
-    QDir(m_folder.path()).mkdir("sources");
 }
 
 SaveRoom::~SaveRoom()
 {
     resetWalkState();
     beginRun(); // forgets the records
-    setWorkingRoot({});
 }
 
 QString SaveRoom::addSource(const QString &name, const QByteArray &bytes)
 {
-    const QString path = m_folder.filePath("sources/" + name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("source not written");
-    return path;
+    return m_folder.source(name, bytes);
 }
 
 void SaveRoom::walk(const QString &source)
@@ -100,12 +89,12 @@ void SaveRoom::save(const QString &name, const QByteArray &bytes)
 
 QByteArray SaveRoom::written(const std::function<void(FILE *)> &write) const
 {
-    const QString path = m_folder.filePath("written");
+    const QString path = m_folder.place("written");
     FILE *out = std::fopen(qPrintable(path), "wb+");
     if (!out) qFatal("no file to write");
     write(out);
     std::fclose(out);
-    return contents(path);
+    return RunFolder::bytesOf(path);
 }
 
 QStringList SaveRoom::outputs() const
@@ -124,7 +113,7 @@ QStringList SaveRoom::leftovers() const
 
 QByteArray SaveRoom::output(const QString &name) const
 {
-    return contents(pApp->strTempDir + name);
+    return RunFolder::bytesOf(pApp->strTempDir + name);
 }
 
 std::vector<Record> SaveRoom::records() const

@@ -2,9 +2,10 @@
 // that a rebuild must give, put together from the source's segments.
 #pragma once
 
+#include "support/RunFolder.h"
+
 #include <QByteArray>
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <functional>
@@ -35,6 +36,7 @@ public:
     SaveRoom(const SaveRoom &) = delete;
     SaveRoom &operator=(const SaveRoom &) = delete;
 
+    QString root() const { return m_folder.root(); }
     QString addSource(const QString &name, const QByteArray &bytes);
     /// Takes a source up and walks it, as far as the engine goes before it builds a writer.
     void walk(const QString &source);
@@ -51,7 +53,7 @@ public:
     std::vector<Record> records() const;
 
 private:
-    QTemporaryDir m_folder;
+    RunFolder m_folder;
 };
 
 /// A library without a row: every table stays as it is.

@@ -13,7 +13,8 @@ class Place
 {
 public:
     enum Kind { Start, End, Segment, Scan };
-    Place(Kind kind, int marker, int index, qint64 shift) : m_kind(kind), m_marker(marker), m_index(index), m_shift(shift)
+    Place(Kind kind, int marker, int index, qint64 shift)
+        : m_kind(kind), m_marker(marker), m_index(index), m_shift(shift)
     {
     }
     Place operator+(qint64 bytes) const { return {m_kind, m_marker, m_index, m_shift + bytes}; }
@@ -81,5 +82,5 @@ struct Damaged
     QByteArray bytes;
 };
 
-/// Files that take every turn of the walks: broken heads, tails and scans, nested images, streams, and the smallest ones.
+/// Files that take every turn of the walks: broken heads, tails and scans, nested images, streams, the smallest ones.
 const std::vector<Damaged> &damagedJpegs();

@@ -109,8 +109,9 @@ void otherSegments(Cases &all)
     all.push_back({"RST0 between segments", soi() + word(RST0) + word(2) + rest});
     all.push_back({"EOI between segments", soi() + segment(APP0, 16) + eoi() + rest});
     all.push_back({"SOS between segments", soi() + sos() + rest});
-    all.push_back({"frame of one component", soi() + dqt({9}) + segment(SOF0, bytes({8, 0, 9, 0, 7, 1, 1, 0x11, 0}))
-                                                 + segment(DHT, 31) + declared(SOS, 8, filler(6)) + filler(9) + eoi()});
+    all.push_back({"frame of one component",
+                   soi() + dqt({9}) + segment(SOF0, bytes({8, 0, 9, 0, 7, 1, 1, 0x11, 0})) + segment(DHT, 31)
+                       + declared(SOS, 8, filler(6)) + filler(9) + eoi()});
     all.push_back({"frame cut by the end of the file", soi() + dqt({9}) + sof().left(9)});
     all.push_back({"three frames", soi() + dqt({9}) + sof(SOF0, 11) + sof(SOF1, 22, 2) + sof(SOF2, 33, 0) + eoi()});
     all.push_back({"SOF3 in place of SOF0", soi() + dqt({9}) + segment(SOF3, 17) + segment(DHT, 31) + sos() + eoi()});
@@ -138,8 +139,8 @@ void tables(Cases &all)
     all.push_back({"DQT 67 up to the last byte", soi() + dqt({16}) + bytes({0})});
     static const char *const dhts[] = {"DHT 418 behind DQT", "DHT 419 behind DQT", "DHT 420 behind DQT"};
     for (int length = 418; length <= 420; ++length)
-        all.push_back({dhts[length - 418],
-                       soi() + dqt({16}) + sof() + segment(DHT, length) + sos() + filler(30) + eoi()});
+        all.push_back(
+            {dhts[length - 418], soi() + dqt({16}) + sof() + segment(DHT, length) + sos() + filler(30) + eoi()});
     all.push_back({"DHT 419 first, then a usable one",
                    soi() + segment(DHT, 419) + segment(DHT, 31) + dqt({16}) + sof() + sos() + filler(30) + eoi()});
     all.push_back({"DHT 31, then one of 419", soi() + segment(DHT, 31) + segment(DHT, 419) + sof() + eoi()});
@@ -151,12 +152,14 @@ void tables(Cases &all)
 void gaps(Cases &all)
 {
     const QByteArray rest = miniJpeg().mid(20 + 138);
-    all.push_back({"junk behind each of four DQT", soi() + dqt({1}) + filler(3) + dqt({2}) + filler(5) + dqt({3})
-                                                       + filler(7) + dqt({4}) + filler(11) + rest});
-    all.push_back({"junk behind SOF and DHT", soi() + dqt({1}) + sof() + filler(3) + segment(DHT, 31) + filler(5) + sos()
-                                                  + filler(9) + eoi()});
+    all.push_back(
+        {"junk behind each of four DQT",
+         soi() + dqt({1}) + filler(3) + dqt({2}) + filler(5) + dqt({3}) + filler(7) + dqt({4}) + filler(11) + rest});
+    all.push_back({"junk behind SOF and DHT",
+                   soi() + dqt({1}) + sof() + filler(3) + segment(DHT, 31) + filler(5) + sos() + filler(9) + eoi()});
     all.push_back({"junk behind a DHT without DQT", soi() + segment(DHT, 31) + filler(9) + dqt({1}) + eoi()});
-    all.push_back({"gap runs over SOI and FF 00", soi() + dqt({1}) + filler(3) + soi() + bytes({0xFF, 0, 0xFF, 1}) + eoi()});
+    all.push_back(
+        {"gap runs over SOI and FF 00", soi() + dqt({1}) + filler(3) + soi() + bytes({0xFF, 0, 0xFF, 1}) + eoi()});
     all.push_back({"gap ends in EOI", soi() + dqt({1}) + filler(3) + eoi() + filler(5)});
     all.push_back({"gap to the end of the file", soi() + dqt({1}) + filler(30)});
     all.push_back({"gap to a last FF", soi() + dqt({1}) + filler(3) + bytes({0xFF})});
@@ -171,7 +174,8 @@ void scans(Cases &all)
     all.push_back({"FF run in the scan", scan(filler(9) + QByteArray(50, char(0xFF)) + filler(9))});
     all.push_back({"FF run up to EOI", scan(filler(9) + QByteArray(50, char(0xFF)))});
     all.push_back({"scan of FF only, no end", head + QByteArray(300, char(0xFF))});
-    all.push_back({"FF codes at uneven distances", scan(bytes({0xFF, 1, 0xFF, 2, 3, 0xFF, 4, 0xFF, 5, 6, 7, 0xFF, 8}))});
+    all.push_back(
+        {"FF codes at uneven distances", scan(bytes({0xFF, 1, 0xFF, 2, 3, 0xFF, 4, 0xFF, 5, 6, 7, 0xFF, 8}))});
     all.push_back({"FF 00 and RST in the scan", scan(bytes({0xFF, 0, 1, 0xFF, 0xD0, 2, 0xFF, 0xD7, 3, 0xFF, 0}))});
     all.push_back({"SOI in the scan", scan(filler(9) + soi() + filler(9))});
     all.push_back({"whole image in the scan", scan(filler(9) + miniJpeg() + filler(9))});
@@ -210,8 +214,8 @@ void tails(Cases &all)
     all.push_back({"image behind EOI in the scan",
                    MiniJpeg{{}, 2, 1, filler(9) + eoi() + soi() + word(APP3) + eoi() + filler(9)}()});
     all.push_back({"second SOI in front of SOS", soi() + dqt({1}) + sof() + segment(DHT, 31) + soi() + sos() + eoi()});
-    all.push_back({"second SOI, file ends in SOS",
-                   soi() + dqt({1}) + sof() + segment(DHT, 31) + soi() + filler(9) + word(SOS)});
+    all.push_back(
+        {"second SOI, file ends in SOS", soi() + dqt({1}) + sof() + segment(DHT, 31) + soi() + filler(9) + word(SOS)});
     all.push_back({"second SOI, file ends in SOI", soi() + dqt({1}) + soi() + segment(APP0, 16) + filler(9) + soi()});
     all.push_back({"second SOI, file ends in DQT", soi() + dqt({1}) + soi() + filler(9) + word(DQT)});
     all.push_back({"second SOI is the file's end", soi() + dqt({1}) + soi()});
@@ -266,11 +270,13 @@ void nested(Cases &all)
     }
     all.push_back({"1,024 thumbnails in APP1", holding(APP1, times(1024, nestedImage(APP1, 4)))});
     all.push_back({"1,100 thumbnails in APP1", holding(APP1, times(1100, nestedImage(APP1, 4)))});
-    all.push_back({"1,024 closed and one open in APP2", holding(APP2, times(1024, nestedImage(APP1, 4)) + soi() + word(APP1))});
+    all.push_back(
+        {"1,024 closed and one open in APP2", holding(APP2, times(1024, nestedImage(APP1, 4)) + soi() + word(APP1))});
     all.push_back({"APP1 of 65,535 with a thumbnail at its end", holding(APP1, filler(65455) + small.left(78))});
     all.push_back({"thumbnail, bytes behind EOI", holding(APP1, small) + filler(9)});
     all.push_back({"thumbnail, no EOI", holding(APP1, small).chopped(2)});
-    all.push_back({"thumbnail, DQT lost", soi() + segment(APP1, small) + sof() + segment(DHT, 31) + sos() + filler(9) + eoi()});
+    all.push_back(
+        {"thumbnail, DQT lost", soi() + segment(APP1, small) + sof() + segment(DHT, 31) + sos() + filler(9) + eoi()});
 }
 
 void streams(Cases &all)

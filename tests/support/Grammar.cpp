@@ -79,8 +79,8 @@ QByteArray dqt(std::initializer_list<int> firstValues, int number)
 
 QByteArray sof(int marker, int width, int selector)
 {
-    return segment(marker, bytes({8}) + word(200) + word(width)
-                               + bytes({3, 1, 0x21, 0, 2, 0x11, 1, 3, 0x11, selector}));
+    return segment(marker,
+                   bytes({8}) + word(200) + word(width) + bytes({3, 1, 0x21, 0, 2, 0x11, 1, 3, 0x11, selector}));
 }
 
 QByteArray sos()
@@ -112,9 +112,10 @@ QByteArray nestedImage(int opener, int length, int fill)
 
 QByteArray markerSoup(quint32 seed)
 {
-    // Images in plenty make a stream of the file at once, so two soups in three are sparing with SOI and EOI, and one of
-    // these has a whole head, so that what follows is a scan.
-    static const int common[] = {DQT, DHT, SOF0, SOF2, SOS, APP0, APP1, APP2, APP13, COM, RST0, DRI, SOI, EOI, SOI, EOI};
+    // Images in plenty make a stream of the file at once, so two soups in three are sparing with SOI and EOI, and one
+    // of these has a whole head, so that what follows is a scan.
+    static const int common[] = {DQT,   DHT, SOF0, SOF2, SOS, APP0, APP1, APP2,
+                                 APP13, COM, RST0, DRI,  SOI, EOI,  SOI,  EOI};
     Dice dice(seed);
     const int style = int(seed % 3);
     const int choices = style == 0 ? 16 : 12;
@@ -126,12 +127,8 @@ QByteArray markerSoup(quint32 seed)
         int marker = dice.roll(6) ? common[dice.roll(choices)] : 0xFF00 + dice.roll(256);
         if (style && dice.roll(style == 1 ? 12 : 30) == 0) marker = dice.roll(2) ? SOI : EOI;
         switch (dice.roll(8)) {
-        case 0:
-            soup += junk(dice.roll(12), quint32(i));
-            break;
-        case 1:
-            soup += QByteArray(1 + dice.roll(5), char(0xFF));
-            break;
+        case 0: soup += junk(dice.roll(12), quint32(i)); break;
+        case 1: soup += QByteArray(1 + dice.roll(5), char(0xFF)); break;
         case 2:
             if (style == 0) soup += MiniJpeg{{}, dice.roll(4), dice.roll(3)}.headOnly();
             soup += filler(dice.roll(9));
@@ -142,14 +139,9 @@ QByteArray markerSoup(quint32 seed)
             if (style == 0) soup += segment(APP1, image);
             break;
         }
-        case 4:
-            soup += declared(marker, dice.roll(64));
-            break;
-        case 5:
-            soup += dqt({1 + dice.roll(80)});
-            break;
-        default:
-            soup += word(marker);
+        case 4: soup += declared(marker, dice.roll(64)); break;
+        case 5: soup += dqt({1 + dice.roll(80)}); break;
+        default: soup += word(marker);
         }
     }
     return soup;

@@ -1,5 +1,5 @@
-// Miniature JPEGs, segment by segment. Walks never decode, so their tests need the grammar alone: any marker, any length
-// field, any payload.
+// Miniature JPEGs, segment by segment. Walks never decode, so their tests need the grammar alone: any marker, any
+// length field, any payload.
 #pragma once
 
 #include <QByteArray>
@@ -60,8 +60,8 @@ QByteArray sos();
 struct MiniJpeg
 {
     QByteArray front = {}; ///< between SOI and the tables
-    int dqtCount = 2;   ///< DQT segments of one table
-    int selector = 1;   ///< table number of the third component
+    int dqtCount = 2;      ///< DQT segments of one table
+    int selector = 1;      ///< table number of the third component
     QByteArray data = filler(40);
     QByteArray operator()() const;
     QByteArray headOnly() const; ///< up to and including the SOS header

@@ -106,19 +106,11 @@ QByteArray reassemble(const QByteArray &jpeg, const JpegOptions &options)
             return all + tables + frame + huffman + jpeg.mid(int(place.offset)) + options.trailing;
         }
         switch (place.marker) {
-        case SOI:
-            break;
-        case DQT:
-            tables += options.oneDqt ? payloadOf(jpeg, place) : whole;
-            break;
-        case DHT:
-            huffman += options.oneDht ? payloadOf(jpeg, place) : whole;
-            break;
-        case APP0:
-            front += whole;
-            break;
-        default:
-            frame += whole;
+        case SOI: break;
+        case DQT: tables += options.oneDqt ? payloadOf(jpeg, place) : whole; break;
+        case DHT: huffman += options.oneDht ? payloadOf(jpeg, place) : whole; break;
+        case APP0: front += whole; break;
+        default: frame += whole;
         }
     }
     qFatal("makeJpeg: the encoder wrote no scan");
@@ -139,14 +131,14 @@ QByteArray makeJpeg(const QImage &picture, const JpegOptions &options)
 
 QByteArray exifSegment(const QByteArray &thumbnail)
 {
-    // Offsets count from the byte order mark: head 8 bytes, IFD0 of one entry 18, IFD1 of three 42, then 8 bytes of text.
+    // Offsets count from the byte order mark: head 8 bytes, IFD0 of one entry 18, IFD1 of three 42, text 8.
     constexpr int kSecondDirectory = 8 + 18;
     constexpr int kText = kSecondDirectory + 42;
     constexpr int kThumbnail = kText + 8;
     const QByteArray none = word(0) + word(0);
     const QByteArray first = word(1) + tiffEntry(0x010F, 2, 8, kText) + word(0) + word(kSecondDirectory);
     const QByteArray second = word(3) + tiffEntry(0x0103, 3, 1, 6 << 16) + tiffEntry(0x0201, 4, 1, kThumbnail)
-                              + tiffEntry(0x0202, 4, 1, thumbnail.size()) + none;
+        + tiffEntry(0x0202, 4, 1, thumbnail.size()) + none;
     const QByteArray head = QByteArray("Exif\0\0MM\0*\0\0\0\x08", 14);
     return segment(APP1, head + first + second + QByteArray("Kesmira\0", 8) + thumbnail);
 }

@@ -10,15 +10,15 @@ struct JpegOptions
 {
     int quality = 85; ///< step of the example tables; from 58 to 98 the table library knows pair, triple and each alone
     bool progressive = false;
-    bool optimised = false; ///< Huffman tables of its own in place of the example tables
-    int restartMcus = 0;    ///< MCUs between two restart markers, 0 for none
-    int sampling = 420;     ///< 420, 422 or 444
-    int quantTables = 2;    ///< 3 gives the third component a table of its own, equal to the second's
-    bool oneDqt = false;    ///< all tables in one segment: length 67, 132 or 197
-    bool oneDht = false;    ///< the same for the Huffman tables in front of the first scan: 210 or 418
-    bool jfif = true;       ///< an APP0 right behind SOI
+    bool optimised = false;                ///< Huffman tables of its own in place of the example tables
+    int restartMcus = 0;                   ///< MCUs between two restart markers, 0 for none
+    int sampling = 420;                    ///< 420, 422 or 444
+    int quantTables = 2;                   ///< 3 gives the third component a table of its own, equal to the second's
+    bool oneDqt = false;                   ///< all tables in one segment: length 67, 132 or 197
+    bool oneDht = false;                   ///< the same for the Huffman tables in front of the first scan: 210 or 418
+    bool jfif = true;                      ///< an APP0 right behind SOI
     std::vector<QByteArray> segments = {}; ///< whole segments, behind APP0 and in front of the tables
-    QByteArray trailing = {};               ///< bytes behind EOI
+    QByteArray trailing = {};              ///< bytes behind EOI
 };
 
 /// A JPEG of the picture; grey pictures (Format_Grayscale8) give one component.

@@ -38,7 +38,8 @@ public:
     {
         const QString path = sources() + '/' + name;
         QFile file(path);
-        if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly)
+            || file.write(bytes) != bytes.size())
             qFatal("RunFolder: can't write %s", qPrintable(path));
         return path;
     }

@@ -1,5 +1,5 @@
-// The slow, obvious marker walks: one position after the other over bytes in memory. They share nothing with the engine,
-// so that two implementations can be held against each other.
+// The slow, obvious marker walks: one position after the other over bytes in memory. They share nothing with the
+// engine, so that two implementations can be held against each other.
 #pragma once
 
 #include <QByteArray>
@@ -13,8 +13,8 @@ struct WalkNode
     quint16 wMarker = 0; ///< in file order, so SOI is 0xFFD8
     quint16 wLength = 0;
     qint64 nOffset = 0;
-    std::vector<quint32> nestedStart;  ///< both without the zeros behind the last image
-    std::vector<qint32> nestedLength;  ///< as long as `nestedStart`
+    std::vector<quint32> nestedStart; ///< both without the zeros behind the last image
+    std::vector<qint32> nestedLength; ///< as long as `nestedStart`
     quint16 nApp1Nested = 0;
     quint16 nApp2Nested = 0;
     quint16 nApp13Nested = 0;
@@ -62,7 +62,7 @@ struct CopyWalk
 {
     bool container = false; ///< the file that the copy was cut from is a stream of images
     WalkResult before;      ///< chain and fields that the walk continues
-    int stays = 3;          ///< how often a third SOI is looked at again before the walk gives up; no result depends on it
+    int stays = 3; ///< how often a third SOI is looked at again before the walk gives up; no result depends on it
 };
 
 /// Walk of a working copy that holds one image.

@@ -1,9 +1,9 @@
 // The engine's hopping walks against the slow ones that look at every position.
 
-#include "support/EngineView.h"
 #include "engine/FileWindow.h"
 #include "support/ByteSource.h"
 #include "support/Damage.h"
+#include "support/EngineView.h"
 #include "support/Grammar.h"
 #include "support/SteppingWalk.h"
 
@@ -23,10 +23,10 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-#define COMPARE_WALKS(actual, expected) \
-    do { \
-        const QString difference = describeDifference(actual, expected); \
-        QVERIFY2(difference.isEmpty(), qPrintable(difference)); \
+#define COMPARE_WALKS(actual, expected)                                                                                \
+    do {                                                                                                               \
+        const QString difference = describeDifference(actual, expected);                                               \
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));                                                        \
     } while (false)
 
 } // namespace
@@ -102,7 +102,8 @@ void TestMarkerWalk::soup()
 void TestMarkerWalk::refusedPagesReadAsZeros()
 {
     const QByteArray whole = miniJpeg() + filler(9000) + miniJpeg();
-    for (const auto &[begin, end] : {std::pair<int, int>{0, 1}, {4095, 4097}, {8192, 12288}, {whole.size() - 3, whole.size()}}) {
+    for (const auto &[begin, end] :
+         {std::pair<int, int>{0, 1}, {4095, 4097}, {8192, 12288}, {whole.size() - 3, whole.size()}}) {
         QByteArray seen = whole;
         const int firstPage = begin / 4096 * 4096;
         const int lastPage = qMin((end + 4095) / 4096 * 4096, seen.size());

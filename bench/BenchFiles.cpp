@@ -1,0 +1,85 @@
+#include "BenchFiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <random>
+
+namespace {
+
+bool small()
+{
+    return qEnvironmentVariableIsSet("KESMIRA_BENCH_SMALL");
+}
+
+/// Gradients under fine noise: compresses like a photograph and decodes at the same pace.
+QImage picture(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    std::minstd_rand random(7);
+    for (int y = 0; y < height; ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < width; ++x) {
+            const int noise = int(random() >> 8 & 31);
+            const auto level = [noise](int value) { return qBound(0, value + noise, 255); };
+            line[x] = qRgb(level(x * 200 / width), level(y * 200 / height), level((x + y) * 100 / (width + height)));
+        }
+    }
+    return image;
+}
+
+QByteArray entropyData(int bytes)
+{
+    QByteArray data(bytes, Qt::Uninitialized);
+    char *out = data.data();
+    std::minstd_rand random(11);
+    for (int i = 0; i < bytes; ++i) {
+        out[i] = char(random() >> 8);
+        if (quint8(out[i]) == 0xFF && i + 1 < bytes) out[++i] = 0;
+    }
+    for (int i = 4096, restart = 0; i + 2 < bytes; i += 4096, ++restart) {
+        out[i - 1] = 0; // no FF in front
+        out[i] = char(0xFF);
+        out[i + 1] = char(0xD0 + restart % 8);
+    }
+    out[bytes - 1] = 1;
+    return data;
+}
+
+} // namespace
+
+QString benchFolder()
+{
+    static const QTemporaryDir folder;
+    return folder.path();
+}
+
+QString photograph()
+{
+    static const QString path = [] {
+        const QString made = benchFolder() + QStringLiteral("/photograph.jpg");
+        picture(small() ? 400 : 4000, small() ? 300 : 3000).save(made, "JPG", 88);
+        return made;
+    }();
+    return path;
+}
+
+QString largeJpeg()
+{
+    static const QString path = [] {
+        const QString seed = benchFolder() + QStringLiteral("/seed.jpg");
+        picture(320, 240).save(seed, "JPG", 75);
+        QFile head(seed);
+        QFile out(benchFolder() + QStringLiteral("/large.jpg"));
+        if (!head.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly)) qFatal("no room for the benchmark");
+        const QByteArray jpeg = head.readAll();
+        out.write(jpeg.left(jpeg.indexOf("\xFF\xDA") + 14));
+        const QByteArray block = entropyData(2 * 1000 * 1000);
+        for (int i = 0; i < (small() ? 1 : 50); ++i) out.write(block);
+        out.write("\xFF\xD9");
+        return out.fileName();
+    }();
+    return path;
+}
