@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include <random>
+#include <vector>
 
 namespace {
 
@@ -30,21 +31,21 @@ QImage picture(int width, int height)
     return image;
 }
 
-QByteArray entropyData(int bytes)
+std::vector<char> entropyData(size_t bytes)
 {
-    QByteArray data(bytes, Qt::Uninitialized);
-    char *out = data.data();
+    std::vector<char> data(bytes);
     std::minstd_rand random(11);
-    for (int i = 0; i < bytes; ++i) {
-        out[i] = char(random() >> 8);
-        if (quint8(out[i]) == 0xFF && i + 1 < bytes) out[++i] = 0;
+    for (size_t i = 0; i < bytes; ++i) {
+        data[i] = char(random() >> 8);
+        if (quint8(data[i]) == 0xFF && i + 1 < bytes) data[++i] = 0;
     }
-    for (int i = 4096, restart = 0; i + 2 < bytes; i += 4096, ++restart) {
-        out[i - 1] = 0; // no FF in front
-        out[i] = char(0xFF);
-        out[i + 1] = char(0xD0 + restart % 8);
+    int restart = 0;
+    for (size_t i = 4096; i + 2 < bytes; i += 4096, ++restart) {
+        data[i - 1] = 0; // no FF in front
+        data[i] = char(0xFF);
+        data[i + 1] = char(0xD0 + restart % 8);
     }
-    out[bytes - 1] = 1;
+    data.back() = 1;
     return data;
 }
 
@@ -76,8 +77,8 @@ QString largeJpeg()
         if (!head.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly)) qFatal("no room for the benchmark");
         const QByteArray jpeg = head.readAll();
         out.write(jpeg.left(jpeg.indexOf("\xFF\xDA") + 14));
-        const QByteArray block = entropyData(2 * 1000 * 1000);
-        for (int i = 0; i < (small() ? 1 : 50); ++i) out.write(block);
+        const std::vector<char> block = entropyData(2 * 1000 * 1000);
+        for (int i = 0; i < (small() ? 1 : 50); ++i) out.write(block.data(), qint64(block.size()));
         out.write("\xFF\xD9");
         return out.fileName();
     }();

@@ -16,8 +16,8 @@ constexpr size_t kTrailingImages = kChainNodes;
 /// another's metadata, three or four deep; a run of starts with one common end would be copied once for each of them.
 constexpr quint64 kStreamCarveFactor = 16;
 
-/// Images of a stream in a row that don't decode. A film that is broken for minutes stays below it; a file that only looks
-/// like a million tiny pictures would be hours of making files and wiping them.
+/// Images of a stream in a row that don't decode. A film that is broken for minutes stays below it; a file that only
+/// looks like a million tiny pictures would be many minutes of making files and wiping them.
 constexpr int kStreamRefusals = 4096;
 
 } // namespace guards

@@ -62,8 +62,8 @@ bool noteHeaderSegment(const SegmentNode &node, Seen &seen)
 
 void reportMissing(const Seen &seen)
 {
-    // Only the main image's header is of interest to a person.
-    if (pApp->nSavePhase != 2) return;
+    // Only the main image's header is of interest to a person; a stream has none, and its check looks at an empty chain.
+    if (pApp->nSavePhase != 2 || pApp->bContainerWalk) return;
     QStringList &missing = pApp->report.missingSegments;
     missing.clear();
     if (!seen.dqt) missing << QStringLiteral("DQT");

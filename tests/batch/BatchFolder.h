@@ -1,6 +1,8 @@
 // The folder in which a test of the batch program works, and the pictures that it finds there.
 #pragma once
 
+#include "support/Files.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -26,9 +28,6 @@ private:
     QByteArray m_temporary; // TMPDIR as it was
 };
 
-/// Writes a file, and the folders above it.
-void write(const QString &path, const QByteArray &bytes);
-QByteArray contents(const QString &path);
 /// Paths of all files below the folder, hidden ones too, sorted.
 QStringList filesBelow(const QString &folder);
 

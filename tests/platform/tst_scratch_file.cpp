@@ -4,6 +4,7 @@
 #include "engine/FileWindow.h"
 #include "save/ScratchFile.h"
 #include "support/ByteSource.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,12 +18,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
 
 /// `count` bytes in which no two blocks of 1,024 are alike.
 QByteArray pattern(int count)

@@ -2,6 +2,7 @@
 
 #include "app/WorkingRoot.h"
 #include "save/WipeFolder.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,23 +11,6 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
-
-namespace {
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
-
-} // namespace
 
 class TestWipe : public QObject
 {

@@ -5,6 +5,7 @@
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
 #include "support/Damage.h"
+#include "support/Files.h"
 #include "support/Pictures.h"
 
 #include <QTest>
@@ -15,13 +16,6 @@
 using namespace words;
 
 namespace {
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("can't write %s", qPrintable(path));
-}
 
 /// A file of this size that takes no room; `head` stands at its start.
 void writeSparse(const QString &path, const QByteArray &head, qint64 size)
@@ -190,7 +184,6 @@ void TestBadInput::hugeFiles_data()
     const QByteArray picture = MiniJpeg{}.headOnly();
     QTest::newRow("5 GiB of nothing") << QByteArray() << 5 * kGiB;
     QTest::newRow("5 GiB behind a head") << picture << 5 * kGiB;
-    QTest::newRow("4 GiB exactly") << picture << 4 * kGiB;
     QTest::newRow("2 GiB of nothing, which is looked through") << QByteArray() << 2 * kGiB;
 }
 

@@ -3,6 +3,7 @@
 #include "Road.h"
 
 #include "support/Damage.h"
+#include "support/Files.h"
 #include "support/Pictures.h"
 
 #include <QTest>
@@ -21,13 +22,6 @@ QStringList describe(const OutputRows &rows)
     QStringList lines{rows.sourceStatus};
     for (const OutputRow &row : rows.rows) lines << QStringList{row.name, row.type, row.resolution}.join(" | ");
     return lines;
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("can't write %s", qPrintable(path));
 }
 
 } // namespace

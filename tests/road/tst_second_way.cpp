@@ -256,6 +256,9 @@ void TestSecondWay::bytesOfGraft_data()
         << soi + app1 + segment(APP3, dqt({7})) + segment(APP13, huffman) + segment(COM, frame) + head << damaged
         << soi + dqt({7}) + huffman + frame + head + scan;
     QTest::newRow("APP1 itself is passed over") << soi + segment(APP1, dqt({7})) + head << damaged << soi + head + scan;
+    QTest::newRow("APP1 up to its last byte")
+        << soi + segment(APP1, filler(9) + bytes({0xFF})) + bytes({0xDB, 0, 4, 1, 2}) + head << damaged
+        << soi + head + scan;
     QTest::newRow("a second APP1 is looked through")
         << soi + app1 + segment(APP1, dqt({7})) + head << damaged << soi + dqt({7}) + head + scan;
     QTest::newRow("progressive frame and restarts are left behind") << soi + app1 + dqt({1}) + sof(SOF2)

@@ -8,6 +8,7 @@
 #include "save/Destination.h"
 #include "save/FileCopy.h"
 #include "save/SaveFile.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -27,20 +28,6 @@ Q_DECLARE_METATYPE(ScriptLine)
 namespace {
 
 constexpr auto Overwrite = FolderAnswer::Overwrite;
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
 
 /// Files and empty folders below `folder`.
 Files listing(const QString &folder)

@@ -4,6 +4,7 @@
 #include "support/ByteSource.h"
 #include "support/Damage.h"
 #include "support/EngineView.h"
+#include "support/Files.h"
 #include "support/Grammar.h"
 #include "support/SteppingWalk.h"
 
@@ -16,12 +17,6 @@
 namespace {
 
 const int kBlockSizes[] = {1, 2, 3, 16, 4096, 256 * 1024};
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 #define COMPARE_WALKS(actual, expected)                                                                                \
     do {                                                                                                               \
