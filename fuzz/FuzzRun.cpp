@@ -1,6 +1,7 @@
 #include "FuzzRun.h"
 
 #include "app/WorkingRoot.h"
+#include "engine/Judge.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -31,6 +32,8 @@ void prepareFuzzRun()
     static QCoreApplication application(argc, argv);
     static const bool ready = [] {
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+        // A few bytes of an input may ask for gigabytes, and decoding them would be all that a target does.
+        setPictureMemoryLimit(32 * 1024 * 1024);
         QDir().mkpath(folder() + QStringLiteral("/root"));
         setWorkingRoot(folder() + QStringLiteral("/root"));
         const QString trouble = prepareWorkingRoot();

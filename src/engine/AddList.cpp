@@ -28,6 +28,23 @@ const quint8 *SegmentNode::emptyData()
     return kEmptyData;
 }
 
+bool tagScanFault::add(qint64 distance)
+{
+    // Few enough for the next node to begin soon where a long run follows.
+    constexpr size_t kGaps = 4096;
+    const qint64 gap = distance - m_last;
+    if (gap <= 0) return false; // another image's scan
+    if (m_gaps.empty() && (m_run == 1 || gap == m_stride)) {
+        m_stride = gap;
+        ++m_run;
+    } else {
+        if (gap > 0xFFFF || m_gaps.size() == kGaps) return false;
+        m_gaps.push_back(quint16(gap));
+    }
+    m_last = distance;
+    return true;
+}
+
 void jpg_repair::AddList(tagMainList **head, tagMainList **tail, const quint8 *segmentHead, FileWindow *, qint64 offset)
 {
     if (*head && !flagRaised(pApp->bRepairRunning)) return;

@@ -18,6 +18,8 @@ namespace {
 thread_local QString *tCapture = nullptr;
 std::atomic<QtMessageHandler> previousHandler{nullptr};
 
+std::atomic<quint64> lowerLimit{0};
+
 void dispatchMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (tCapture && type != QtFatalMsg) {
@@ -91,7 +93,14 @@ quint64 freeMemory()
 
 quint64 pictureMemoryLimit()
 {
-    return std::min(freeMemory() / 2, quint64(4) << 30);
+    const quint64 limit = std::min(freeMemory() / 2, quint64(4) << 30);
+    const quint64 lower = lowerLimit;
+    return lower > 0 ? std::min(lower, limit) : limit;
+}
+
+void setPictureMemoryLimit(quint64 bytes)
+{
+    lowerLimit = bytes;
 }
 
 Verdict judgeJpeg(const QString &path)

@@ -15,5 +15,7 @@ struct Verdict
 /// memory, or over 4 GiB, is not loaded and counts as one that doesn't decode. Worker's work: takes as long as a decode.
 Verdict judgeJpeg(const QString &path);
 
-/// Bytes that a picture of this size may take at the most right now; see judgeJpeg.
+/// Bytes that a picture may take at the most right now; see judgeJpeg.
 quint64 pictureMemoryLimit();
+/// A lower limit for the whole program, whatever memory is free; 0 takes it back.
+void setPictureMemoryLimit(quint64 bytes);

@@ -157,18 +157,8 @@ quint64 PlainWalk::scan(quint64 at)
 void PlainWalk::addFault(quint64 at)
 {
     const qint64 distance = qint64(at) - qint64(pApp->nScanOffset);
-    if (tagScanFault *tail = pApp->pScanFaultHead ? pApp->pScanFaultTail : nullptr) {
-        const qint64 last = tail->nDistance + qint64(tail->nStride) * (tail->nCount - 1);
-        const qint64 gap = distance - last;
-        const bool fits = gap > 0 && gap <= 0xFFFFFFFF && (tail->nCount == 1 || gap == tail->nStride);
-        if (fits && tail->nCount < 0xFFFFFFFF) {
-            tail->nStride = quint32(gap);
-            ++tail->nCount;
-            return;
-        }
-    }
-    auto *fault = new tagScanFault;
-    fault->nDistance = distance;
+    if (pApp->pScanFaultHead && pApp->pScanFaultTail->add(distance)) return;
+    auto *fault = new tagScanFault(distance);
     if (pApp->pScanFaultHead)
         pApp->pScanFaultTail->pNext = fault;
     else

@@ -69,12 +69,30 @@ struct tagMainListRaw : SegmentNode
     tagMainListRaw *pNext = nullptr;
 };
 
-/// A run of illegal FF codes at equal distances, in the order of the scan. A scan of nothing but FF bytes is one node,
-/// and even codes at random distances cost only half a node each.
+/// Illegal FF codes in the order of the scan: a run at equal distances, and behind it codes at any. A scan of nothing but
+/// FF bytes is one node; codes at random distances cost two bytes each.
 struct tagScanFault
 {
-    qint64 nDistance = 0; ///< of the first code: its file offset minus `nScanOffset`
-    quint32 nStride = 0;  ///< bytes from one code to the next, 0 while the run holds a single one
-    quint32 nCount = 1;   ///< codes in the run
+    qint64 nDistance; ///< of the first code: its file offset minus `nScanOffset`
     tagScanFault *pNext = nullptr;
+
+    explicit tagScanFault(qint64 distance) : nDistance(distance), m_last(distance) {}
+    /// Takes the code that follows the last one; false if it needs a node of its own.
+    bool add(qint64 distance);
+    quint64 count() const { return m_run + m_gaps.size(); }
+    /// Calls `visit` with the distance of each code, in order.
+    template<typename Visit>
+    void forEach(Visit visit) const
+    {
+        qint64 distance = nDistance;
+        visit(distance);
+        for (quint64 i = 1; i < m_run; ++i) visit(distance += m_stride);
+        for (const quint16 gap : m_gaps) visit(distance += gap);
+    }
+
+private:
+    qint64 m_last;
+    quint64 m_run = 1;
+    qint64 m_stride = 0; // from one code of the run to the next
+    std::vector<quint16> m_gaps;
 };

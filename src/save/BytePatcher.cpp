@@ -1,6 +1,6 @@
 #include "save/BytePatcher.h"
 
-#include "app/StopFlag.h"
+#include "app/KesmiraApp.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -42,16 +42,6 @@ void BytePatcher::zero(qint64 offset)
     if (at >= m_block.size()) return; // the block could not be read
     m_block[at] = 0;
     m_dirty = true;
-}
-
-void BytePatcher::zero(qint64 offset, quint32 stride, quint32 count)
-{
-    if (count == 0) return;
-    for (quint32 i = 0; i < count && offset + qint64(i) * stride < m_size; ++i) {
-        if ((i & 0xFFFF) == 0xFFFF && stopRequested()) return;
-        zero(offset + qint64(i) * stride);
-    }
-    zero(offset + qint64(count - 1) * stride);
 }
 
 void BytePatcher::moveTo(qint64 block)

@@ -20,8 +20,6 @@ public:
     qint64 size() const { return m_size; }
     /// Zeroes one byte. A place behind the file's end stretches the file with zeros up to and including it.
     void zero(qint64 offset);
-    /// Zeroes `count` bytes from `offset` on, `stride` apart.
-    void zero(qint64 offset, quint32 stride, quint32 count);
 
 private:
     void moveTo(qint64 block);

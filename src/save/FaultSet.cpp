@@ -6,10 +6,9 @@
 void FaultSet::takeChain()
 {
     while (tagScanFault *run = pApp->pScanFaultHead) {
-        for (quint32 i = 0; i < run->nCount; ++i) {
-            const qint64 distance = run->nDistance + qint64(i) * run->nStride;
+        run->forEach([this](qint64 distance) {
             if (distance >= 0) m_chunks[distance / kChunk].set(size_t(distance % kChunk));
-        }
+        });
         pApp->pScanFaultHead = run->pNext;
         delete run;
     }

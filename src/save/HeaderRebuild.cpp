@@ -146,9 +146,9 @@ void neutraliseFaults(FILE *out)
 {
     BytePatcher patcher(out);
     qint64 codes = 0;
-    for (const tagScanFault *fault = pApp->pScanFaultHead; fault; fault = fault->pNext) {
-        patcher.zero(qint64(pApp->nHeaderBytes) + fault->nDistance, fault->nStride, fault->nCount);
-        codes += fault->nCount;
+    for (const tagScanFault *fault = pApp->pScanFaultHead; fault && !stopRequested(); fault = fault->pNext) {
+        fault->forEach([&](qint64 distance) { patcher.zero(qint64(pApp->nHeaderBytes) + distance); });
+        codes += qint64(fault->count());
     }
     if (pApp->nSavePhase == 2) pApp->report.codesNeutralised = codes;
 }

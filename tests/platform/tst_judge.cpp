@@ -2,6 +2,7 @@
 
 #include "engine/Judge.h"
 #include "support/Damage.h"
+#include "support/Files.h"
 #include "support/Pictures.h"
 
 #include <QFile>
@@ -167,6 +168,15 @@ void TestJudge::limitKnowsTheMachine()
     if (!info.open(QIODevice::ReadOnly)) QSKIP("no /proc");
     const QByteArray total = info.readLine().simplified().split(' ').value(1);
     QVERIFY(pictureMemoryLimit() <= total.toULongLong() * 1024 / 2);
+
+    // A lower limit of the program's own holds until it is taken back.
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.jpg");
+    write(path, healthyJpeg());
+    setPictureMemoryLimit(1000);
+    QVERIFY(!judgeJpeg(path).decodes);
+    setPictureMemoryLimit(0);
+    QVERIFY(judgeJpeg(path).decodes);
 }
 
 QTEST_GUILESS_MAIN(TestJudge)

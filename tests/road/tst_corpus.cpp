@@ -75,7 +75,7 @@ struct Photograph
     std::vector<SegmentPlace> head;
 };
 
-/// What the claim holds for: one plain image whose colours don't hang on metadata that is left behind.
+/// Repaired, such a picture shows what it showed: one image, whose colours don't hang on metadata that is left behind.
 bool isPlain(const Photograph &photo)
 {
     return !photo.head.empty() && !hasImagesBehind(photo.bytes, photo.head)

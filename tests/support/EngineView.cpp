@@ -41,7 +41,7 @@ WalkResult fieldsOfApp()
 {
     WalkResult r;
     for (const tagScanFault *run = pApp->pScanFaultHead; run; run = run->pNext)
-        for (quint32 i = 0; i < run->nCount; ++i) r.faults.push_back(run->nDistance + qint64(i) * run->nStride);
+        run->forEach([&r](qint64 distance) { r.faults.push_back(distance); });
     r.nScanOffset = pApp->nScanOffset;
     r.nGapAfterDqt1 = pApp->nGapAfterDqt1;
     r.nGapAfterDqt2 = pApp->nGapAfterDqt2;
