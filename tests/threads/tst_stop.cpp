@@ -17,8 +17,8 @@ namespace {
 QByteArray longWork()
 {
     MiniJpeg picture;
-    picture.data = (filler(50) + "\xFF\x01").repeated(2000);
-    return (picture() + bytes({0})).repeated(60);
+    picture.data = (filler(50) + "\xFF\x01").repeated(300);
+    return (picture() + bytes({0})).repeated(20);
 }
 
 } // namespace
