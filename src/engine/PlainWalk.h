@@ -1,4 +1,4 @@
-// The walk from segment to segment of one JPEG, by its marker words: the part that all three walks of an image share.
+// The walk from segment to segment of one JPEG, by its marker words: what all three walks of an image share.
 #pragma once
 
 #include "engine/ScanMap.h"

@@ -1,7 +1,5 @@
 // Saving to a folder of the user's: the layout, the questions and what each answer does, and that nothing is ever lost.
 
-#include "StrictPrompt.h"
-
 #include "app/KesmiraApp.h"
 #include "app/WorkingRoot.h"
 #include "engine/OneFile.h"
@@ -9,6 +7,7 @@
 #include "save/FileCopy.h"
 #include "save/SaveFile.h"
 #include "support/Files.h"
+#include "support/StrictPrompt.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -4,7 +4,6 @@
 #include "support/ByteSource.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
-#include "support/ScriptedPrompt.h"
 
 #include <QSet>
 #include <QtTest>
@@ -57,7 +56,6 @@ private slots:
     void exifPointsToItsThumbnail();
     void damageHitsItsPlace();
     void damagedFilesHaveNamesOfTheirOwn();
-    void scriptIsStrict();
     void sourceRefuses();
 };
 
@@ -175,22 +173,6 @@ void TestMakers::damagedFilesHaveNamesOfTheirOwn()
         names << file.name;
     }
     QVERIFY(names.size() >= 40);
-}
-
-void TestMakers::scriptIsStrict()
-{
-    ScriptedPrompt prompt;
-    prompt.file("a.jpg", FileAnswer::Rename, "b.jpg")
-        .folder("Run", FolderAnswer::Overwrite)
-        .file("c.jpg", FileAnswer::Skip);
-    QString name = "a(1).jpg";
-    QVERIFY(prompt.fileExists("a.jpg", name) == FileAnswer::Rename);
-    QCOMPARE(name, QString("b.jpg"));
-    QVERIFY(prompt.fileExists("z.jpg", name) == FileAnswer::Skip);
-    QVERIFY(prompt.folderExists("Run", "Run(1)") == FolderAnswer::Overwrite);
-    QCOMPARE(prompt.proposals(), QStringList({"a(1).jpg", "b.jpg", "Run(1)"}));
-    QCOMPARE(prompt.takeFaults(),
-             QStringList({"unexpected question: file 'z.jpg' exists", "unused answer: file 'c.jpg' exists"}));
 }
 
 void TestMakers::sourceRefuses()
