@@ -1,4 +1,4 @@
-// What the slow walks share: reading, making nodes, and the parts of their loops that are alike. Tests include
+// What the slow walks share: reading, making nodes, and what is alike in their loops. Tests include
 // SteppingWalk.h.
 #pragma once
 
