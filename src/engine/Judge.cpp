@@ -89,6 +89,19 @@ quint64 freeMemory()
     return ~quint64(0);
 }
 
+/// False, with a reason, for what isn't a JPEG at all or claims more pixels than there is memory for.
+bool fitsMemory(const QString &path, QString &warning)
+{
+    QImageReader header(path, "jpg");
+    const QSize claimed = header.size();
+    if (!claimed.isValid()) return false;
+    if (memoryNeeded(path, claimed, header.imageFormat()) <= pictureMemoryLimit()) return true;
+    warning = QStringLiteral("the header claims %1 x %2 pixels, more than there is memory for")
+                  .arg(claimed.width())
+                  .arg(claimed.height());
+    return false;
+}
+
 } // namespace
 
 quint64 pictureMemoryLimit()
@@ -105,19 +118,33 @@ void setPictureMemoryLimit(quint64 bytes)
 
 Verdict judgeJpeg(const QString &path)
 {
-    Verdict verdict{false, QSize(0, 0), {}};
+    Verdict verdict{false, QSize(0, 0), {}, {}};
     const MessageCapture capture(verdict.warning);
-    QImageReader header(path, "jpg");
-    const QSize claimed = header.size();
-    if (!claimed.isValid()) return verdict;
-    if (memoryNeeded(path, claimed, header.imageFormat()) > pictureMemoryLimit()) {
-        verdict.warning = QStringLiteral("the header claims %1 x %2 pixels, more than there is memory for")
-                              .arg(claimed.width())
-                              .arg(claimed.height());
-        return verdict;
-    }
+    if (!fitsMemory(path, verdict.warning)) return verdict;
     QImage image;
     verdict.decodes = image.load(path, "JPG");
-    if (verdict.decodes) verdict.size = image.size();
+    if (!verdict.decodes) return verdict;
+    verdict.size = image.size();
+    verdict.icon = image.scaled(QSize(32, 32), Qt::KeepAspectRatio, Qt::FastTransformation);
     return verdict;
+}
+
+QImage loadForView(const QString &path, const QSize &box, QSize &fullSize)
+{
+    fullSize = QSize(0, 0);
+    QString warning;
+    const MessageCapture capture(warning);
+    if (!fitsMemory(path, warning)) return {};
+    QImageReader reader(path, "jpg");
+    const QSize size = reader.size();
+    const bool small = size.width() < box.width() && size.height() < box.height();
+    // The decoder skips most of its work where the picture is to be a fraction of its size; twice the box leaves enough
+    // for smooth scaling.
+    const QSize wanted = size.scaled(box * 2, Qt::KeepAspectRatio);
+    if (wanted.width() < size.width()) reader.setScaledSize(wanted);
+    const QImage image = reader.read();
+    if (image.isNull()) return {};
+    fullSize = size;
+    return (small ? image : image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation))
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }

@@ -1,6 +1,7 @@
 // The one judge of every repair: does the toolkit's decoder take the file?
 #pragma once
 
+#include <QImage>
 #include <QSize>
 #include <QString>
 
@@ -9,11 +10,17 @@ struct Verdict
     bool decodes = false;
     QSize size;      ///< width and height of the decoded image; 0 x 0 if it doesn't decode
     QString warning; ///< the decoder's first words, empty if it had none
+    QImage icon;     ///< the picture at most 32 x 32 pixels large; null if it doesn't decode
 };
 
 /// Decodes the JPEG at `path` with QImage::load, format "JPG". A picture whose header claims more than half of the free
 /// memory, or over 4 GiB, is not loaded and counts as one that doesn't decode. Worker's work: takes as long as a decode.
 Verdict judgeJpeg(const QString &path);
+
+/// The JPEG at `path` for a view of `box` pixels, in QImage::Format_ARGB32_Premultiplied: its own size where it is smaller
+/// than the box both ways, else scaled to fit. `fullSize` gets the size of the picture in the file. Null, with a size of
+/// 0 x 0, if it doesn't decode or needs more memory than judgeJpeg allows. Worker's work; may run beside a judge.
+QImage loadForView(const QString &path, const QSize &box, QSize &fullSize);
 
 /// Bytes that a picture may take at the most right now; see judgeJpeg.
 quint64 pictureMemoryLimit();

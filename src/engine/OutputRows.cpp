@@ -48,7 +48,15 @@ OutputRow rowFor(const FileOutcome &outcome, const QString &name)
     row.type = QLatin1String(row.thumbnail ? "Thumbnail" : "Repaired");
     const OutputReport *output = reported(outcome, name);
     row.path = output && QFileInfo::exists(output->path) ? output->path : outputPath(name);
-    const QSize size = output && output->size.isValid() ? output->size : judgeJpeg(row.path).size;
+    QSize size(0, 0);
+    if (output && output->size.isValid()) {
+        size = output->size;
+        row.icon = output->icon;
+    } else {
+        const Verdict verdict = judgeJpeg(row.path);
+        size = verdict.size;
+        row.icon = verdict.icon;
+    }
     row.resolution = QStringLiteral("%1x%2").arg(size.height()).arg(size.width());
     return row;
 }

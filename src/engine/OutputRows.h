@@ -3,6 +3,7 @@
 
 #include "engine/OneFile.h"
 
+#include <QImage>
 #include <QString>
 #include <QVector>
 
@@ -13,6 +14,8 @@ struct OutputRow
     QString resolution; ///< height "x" width; "0x0" if the output doesn't decode
     QString path;       ///< where the output lies in the working folder; also the icon's and the preview's file
     bool thumbnail = false;
+    QString statusCode = QStringLiteral("4"); ///< status of the output row
+    QImage icon;                              ///< the picture, at most 32 x 32; null if it doesn't decode
 };
 
 struct OutputRows

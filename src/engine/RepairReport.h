@@ -1,6 +1,7 @@
 // What the engine did for one file, beside the told results: counters and texts that change no decision.
 #pragma once
 
+#include <QImage>
 #include <QJsonObject>
 #include <QSize>
 #include <QString>
@@ -32,6 +33,7 @@ struct OutputReport
     QString path; ///< where the writer put it
     RepairWay way = RepairWay::Main;
     QSize size; ///< width and height that the judge found; invalid where the written bytes were not the judged ones
+    QImage icon; ///< the judge's, null where there is no size
 };
 
 struct RepairReport

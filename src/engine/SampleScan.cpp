@@ -50,7 +50,7 @@ bool judgeBuilt(FILE *built, RepairWay way, const QString &name)
         return false;
     }
     pApp->lstResultNames.append(name);
-    pApp->report.outputs.append({name, pApp->strBuiltPath, way, verdict.size});
+    pApp->report.outputs.append({name, pApp->strBuiltPath, way, verdict.size, verdict.icon});
     return true;
 }
 

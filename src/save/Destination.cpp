@@ -28,30 +28,6 @@ QString resolvedPath(const QString &path)
     return resolved == "/" && !rest.isEmpty() ? rest : resolved + rest;
 }
 
-void resetAnswers(const QString &folder)
-{
-    pApp->strSaveFolder = folder;
-    pApp->strDestRoot = folder;
-    pApp->nSavedCount = 0;
-    for (bool *flag :
-         {&pApp->bOverwriteOnce, &pApp->bRenameOnce, &pApp->bSkipCurrentFile, &pApp->bOverwriteAll, &pApp->bRenameAll,
-          &pApp->bSkipAllFiles, &pApp->bSaveCancelled, &pApp->bFolderRename, &pApp->bFolderOverwrite}) {
-        *flag = false;
-    }
-}
-
-/// Makes or settles the run folder. False if the user has cancelled.
-bool settleRunFolder(ConflictPrompt &prompt)
-{
-    pApp->strDestFolderName = pApp->strTempDirName;
-    pApp->strDestPath = pApp->strDestRoot + '/' + pApp->strDestFolderName + '/';
-    SaveFile().SaveTree(pApp->strDestPath, prompt);
-    pApp->nFileSize = 0;
-    if (pApp->bSaveCancelled || pApp->bSkipCurrentFile) return false;
-    if (pApp->bFolderRename) pApp->strSaveFolder += '/' + pApp->strDestFolderName;
-    return true;
-}
-
 /// Makes the folders of the layout and returns the one of the main images, with a trailing "/".
 QString makeLayout()
 {
@@ -131,10 +107,47 @@ QString destinationProblem(const QString &folder)
     return {};
 }
 
+void beginSave(const QString &folder)
+{
+    pApp->strSaveFolder = folder;
+    pApp->strDestRoot = folder;
+    pApp->nSavedCount = 0;
+    for (bool *flag :
+         {&pApp->bOverwriteOnce, &pApp->bRenameOnce, &pApp->bSkipCurrentFile, &pApp->bOverwriteAll, &pApp->bRenameAll,
+          &pApp->bSkipAllFiles, &pApp->bSaveCancelled, &pApp->bFolderRename, &pApp->bFolderOverwrite}) {
+        *flag = false;
+    }
+}
+
+bool settleRunFolder(ConflictPrompt &prompt)
+{
+    pApp->strDestFolderName = pApp->strTempDirName;
+    pApp->strDestPath = pApp->strDestRoot + '/' + pApp->strDestFolderName + '/';
+    SaveFile().SaveTree(pApp->strDestPath, prompt);
+    pApp->nFileSize = 0;
+    if (pApp->bSaveCancelled || pApp->bSkipCurrentFile) return false;
+    if (pApp->bFolderRename) pApp->strSaveFolder += '/' + pApp->strDestFolderName;
+    return true;
+}
+
+SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt)
+{
+    SaveOutcome outcome;
+    const QString base = makeLayout();
+    outcome.folder = base.left(base.size() - 1);
+    if (!QFileInfo(base).isDir()) {
+        outcome.error = QStringLiteral("the folder '%1' can't be made").arg(outcome.folder);
+        return outcome;
+    }
+    for (const QString &name : names) outcome.rows.append(saveOne(name, base, prompt));
+    pApp->bFolderOverwrite = false;
+    return outcome;
+}
+
 SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt)
 {
     SaveOutcome outcome;
-    resetAnswers(folder);
+    beginSave(folder);
     if (folder.isEmpty()) {
         outcome.cancelled = true;
         return outcome;
@@ -145,13 +158,5 @@ SaveOutcome saveOutputs(const QString &folder, const QStringList &names, Conflic
         outcome.cancelled = true;
         return outcome;
     }
-    const QString base = makeLayout();
-    outcome.folder = base.left(base.size() - 1);
-    if (!QFileInfo(base).isDir()) {
-        outcome.error = QStringLiteral("the folder '%1' can't be made").arg(outcome.folder);
-        return outcome;
-    }
-    for (const QString &name : names) outcome.rows.append(saveOne(name, base, prompt));
-    pApp->bFolderOverwrite = false;
-    return outcome;
+    return copyOutputs(names, prompt);
 }

@@ -29,10 +29,15 @@ struct SaveOutcome
 /// "" if results may be saved below `folder`, else one line why not. A folder that doesn't exist yet may.
 QString destinationProblem(const QString &folder);
 
-/// Saves the outputs `names` of the current run below `folder`, an existing one: FOLDER/RepairedFiles/ for main images, and below
-/// that "Thumbnail Repaired/" and "HEIC_Repaired/". Asks `prompt` where the run folder exists, and, once that was answered
-/// with Overwrite, for each file that exists. A file is created exclusively or replaced as a whole, so one that can't be
-/// written leaves what stood there.
-/// Resets the conflict flags of `pApp` first and leaves the answers in them; `nSavedCount` counts every row that was
-/// handled, skipped ones too.
+/// Saves the outputs `names` of the current run below `folder`, an existing one: FOLDER/RepairedFiles/ for main images,
+/// and below that "Thumbnail Repaired/" and "HEIC_Repaired/". Asks `prompt` where the run folder exists, and, once that
+/// was answered with Overwrite, for each file that exists. A file is created exclusively or replaced as a whole, so one
+/// that can't be written leaves what stood there. Takes the three steps below.
 SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt);
+
+/// First step: takes the destination over and resets the answers to conflicts and `nSavedCount` of `pApp`.
+void beginSave(const QString &folder);
+/// Second: makes the run folder, or asks about one that exists. False if the user has cancelled.
+bool settleRunFolder(ConflictPrompt &prompt);
+/// Third: copies. Leaves the answers in `pApp`; `nSavedCount` counts every row that was handled, skipped ones too.
+SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt);

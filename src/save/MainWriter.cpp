@@ -130,7 +130,8 @@ bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE 
     if (!record(output.path, output.name)) return true;
     // The judge has seen these very bytes, unless the copy was cut to another length.
     const bool judged = output.wholeCopy || qint64(pApp->nTempCopySize) >= QFileInfo(output.scratch).size();
-    pApp->report.outputs.append({output.name, output.path, output.way, judged ? verdict.size : QSize()});
+    pApp->report.outputs.append(
+        {output.name, output.path, output.way, judged ? verdict.size : QSize(), judged ? verdict.icon : QImage()});
     return true;
 }
 
