@@ -24,6 +24,15 @@ struct RepairedFileList;
 class KesmiraApp
 {
 public:
+    // The start of a desktop program; defined on the desktop side, because the work needs the system's services.
+    /// Last step of a start: writes the version records unless they are kept already, fills the system description and
+    /// keeps `window` in `pWindow`.
+    void InitInstance(void *window);
+    /// Writes "VInfoType", "VNo" and "VUpdate" of this release into the store "apple"/"KMPR.db", whatever stood there.
+    void ApplicationInfoSettings();
+    /// Fills `strHostName`, `strOsName`, `strOsVersionHex`, `strOsVersion` and `strProcessorName`.
+    void GetMySystemInfo();
+
     void *pWindow = nullptr; ///< what InitInstance was given; read by nothing
 
     // The run and the file in hand

@@ -1,0 +1,126 @@
+#include "desktop/Languages.h"
+
+#include "app/KesmiraApp.h"
+
+#include <QCoreApplication>
+#include <QSettings>
+
+#include <limits>
+
+qint32 nLanguageType = 0;
+QString TranslatorPath;
+bool bChineseCustomBuild = false;
+
+QTranslator &trans = *new QTranslator;
+QTranslator &trans1 = *new QTranslator;
+QTranslator &de_qtTranslator = *new QTranslator;
+QTranslator &fr_qtTranslator = *new QTranslator;
+QTranslator &It_qtTranslator = *new QTranslator;
+QTranslator &es_qtTranslator = *new QTranslator;
+QTranslator &ch_qtTranslator = *new QTranslator;
+QTranslator &en_qtTranslator = *new QTranslator;
+QTranslator &ja_qtTranslator = *new QTranslator;
+QTranslator &de_myappTranslator = *new QTranslator;
+QTranslator &fr_myappTranslator = *new QTranslator;
+QTranslator &it_myappTranslator = *new QTranslator;
+QTranslator &es_myappTranslator = *new QTranslator;
+QTranslator &ch_myappTranslator = *new QTranslator;
+QTranslator &en_myappTranslator = *new QTranslator;
+QTranslator &ja_myappTranslator = *new QTranslator;
+
+namespace {
+
+constexpr int kNoLanguage = std::numeric_limits<int>::min();
+
+/// A number outside of the table gives null.
+const Language *languageOf(int number)
+{
+    return number >= 0 && number < languages().size() ? &languages()[number] : nullptr;
+}
+
+bool isFixedToChinese()
+{
+    return pApp->bChineseBuild || bChineseCustomBuild;
+}
+
+QString picture(const QString &name)
+{
+    const Language *language = currentLanguage();
+    return ":/res/" + name + (language ? language->picture : languages().first().picture) + ".png";
+}
+
+} // namespace
+
+QString Language::translationFolder() const
+{
+    return pApp->strResourcesPath + "/PhotoTranslation/" + folder;
+}
+
+const QVector<Language> &languages()
+{
+    static const QVector<Language> table{
+        {0, &KesmiraApp::bLangEnglish, "EN", "qt_en", "LANG_EN", "en", &en_qtTranslator, &en_myappTranslator},
+        {1, &KesmiraApp::bLangGerman, "DE", "qt_de", "LANG_DE", "de", &de_qtTranslator, &de_myappTranslator},
+        {2, &KesmiraApp::bLangFrench, "FR", "qt_fr", "LANG_FR", "fr", &fr_qtTranslator, &fr_myappTranslator},
+        {3, &KesmiraApp::bLangItalian, "IT", "qt_it", "LANG_IT", "it", &It_qtTranslator, &it_myappTranslator},
+        {4, &KesmiraApp::bLangSpanish, "ES", "qt_es", "LANG_ES", "es", &es_qtTranslator, &es_myappTranslator},
+        {5, &KesmiraApp::bLangJapanese, "JA", "qt_ja", "LANG_JA", "cja", &ja_qtTranslator, &ja_myappTranslator},
+        {6, &KesmiraApp::bLangChinese, "CN", "qt_zh_CN", "LANG_CN", "cn", &ch_qtTranslator, &ch_myappTranslator},
+    };
+    return table;
+}
+
+const Language *currentLanguage()
+{
+    for (const Language &language : languages()) {
+        if (pApp->*language.flag) return &language;
+    }
+    return nullptr;
+}
+
+void setLanguageFlags(int number)
+{
+    for (const Language &language : languages()) pApp->*language.flag = false;
+    if (isFixedToChinese()) {
+        pApp->bLangChinese = true;
+    } else if (const Language *language = languageOf(number)) {
+        pApp->*language->flag = true;
+    }
+}
+
+int storedLanguage()
+{
+    if (pApp->strLinkPlistPath.isEmpty()) return kNoLanguage;
+    const QSettings settings(pApp->strLinkPlistPath, QSettings::NativeFormat);
+    bool isNumber = false;
+    const int number = settings.value("LanguageType", kNoLanguage).toInt(&isNumber);
+    return isNumber ? number : kNoLanguage;
+}
+
+void loadTranslators()
+{
+    const Language *current = currentLanguage();
+    for (int number : {2, 3, 4, 1, 5, 6}) {
+        const Language &other = languages()[number];
+        if (&other == current) continue;
+        TranslatorPath = other.translationFolder();
+        trans.load(other.appFile, TranslatorPath);
+        trans.load(other.qtFile, TranslatorPath);
+    }
+    if (!current) return;
+    TranslatorPath = current->translationFolder();
+    current->qtTranslator->load(current->qtFile, TranslatorPath);
+    QCoreApplication::installTranslator(current->qtTranslator);
+    current->appTranslator->load(current->appFile, TranslatorPath);
+    QCoreApplication::installTranslator(current->appTranslator);
+}
+
+QString placeholderPicture()
+{
+    return picture("preview1");
+}
+
+QString noPreviewPicture()
+{
+    return picture("preview");
+}

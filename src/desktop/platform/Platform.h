@@ -1,0 +1,71 @@
+// What the desktop side asks of the operating system, as intents. Only the files of this folder know one.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+/// How the system shows a picture that the toolkit can't decode.
+enum class PreviewKind {
+    None,     ///< it has no way; the no-preview picture serves
+    Helper,   ///< a helper program beside the main one shows a panel
+    Panel,    ///< a panel in this process
+    OldPanel, ///< the same, through the way of the oldest systems
+};
+
+/// Kind of processor; names it where its exact code says nothing.
+enum class ProcessorFamily { Other, Intel, PowerPc, Motorola };
+
+/// Texts about the machine, for support.
+struct SystemDescription
+{
+    QString hostName;  ///< without domain
+    QString osName;    ///< for instance "Debian GNU/Linux 12 (bookworm)"
+    int version = 0;   ///< of the told kind: four hexadecimal digits, 0x1260 for 12.6.0
+    int processor = 0; ///< processor code; 0 where the system gives none
+    ProcessorFamily family = ProcessorFamily::Other;
+};
+
+class Platform
+{
+public:
+    virtual ~Platform() = default;
+
+    /// Version of the system as a person writes it, "12.5"; empty if it can't be learnt.
+    virtual QString systemVersion() = 0;
+    virtual SystemDescription systemDescription() = 0;
+
+    /// Shows the folder or file at `path` in the file manager; where that fails, opens the folder. False if neither worked.
+    virtual bool showInFileManager(const QString &path) = 0;
+    /// Opens an address with the browser or mail program that the user has chosen.
+    virtual bool openAddress(const QUrl &address) = 0;
+    /// Path or name of the browser for http, empty if unknown.
+    virtual QString defaultBrowser() = 0;
+
+    virtual PreviewKind previewKind() = 0;
+    /// Process ids of the running copies of the helper at `helperPath` that belong to this user.
+    virtual QList<unsigned int> previewHelpers(const QString &helperPath) = 0;
+    /// Starts the helper on a file and returns at once; may be called from another thread than the others.
+    virtual bool startPreviewHelper(const QString &helperPath, const QString &file) = 0;
+    virtual void endPreviewHelper(unsigned int pid) = 0;
+    /// Shows the panel of this process on a file; only for PreviewKind::Panel and OldPanel.
+    virtual void showPreviewPanel(PreviewKind kind, const QString &file)
+    {
+        Q_UNUSED(kind)
+        Q_UNUSED(file)
+    }
+
+    /// Starts another application, given by its bundle's path.
+    virtual bool startApplication(const QString &bundlePath) = 0;
+
+    /// "" if results may be saved below `folder`, else the text to show a person.
+    virtual QString destinationRefusal(const QString &folder) = 0;
+};
+
+/// The one that this program was built for, until another one is set.
+Platform &platform();
+/// For tests; null brings the built-in one back. The caller keeps it alive.
+void setPlatform(Platform *replacement);
+
+/// What a person is told about a destination that can't be written.
+QString readOnlyDestinationText();

@@ -1,0 +1,21 @@
+// The desktop system whose command lines stand in CommandText.
+#pragma once
+
+#include "desktop/platform/Platform.h"
+
+class PlatformMac : public Platform
+{
+public:
+    QString systemVersion() override;
+    SystemDescription systemDescription() override;
+    bool showInFileManager(const QString &path) override;
+    bool openAddress(const QUrl &address) override;
+    /// Always empty: an address goes to the browser that the system itself chooses.
+    QString defaultBrowser() override;
+    PreviewKind previewKind() override;
+    QList<unsigned int> previewHelpers(const QString &helperPath) override;
+    bool startPreviewHelper(const QString &helperPath, const QString &file) override;
+    void endPreviewHelper(unsigned int pid) override;
+    bool startApplication(const QString &bundlePath) override;
+    QString destinationRefusal(const QString &folder) override;
+};
