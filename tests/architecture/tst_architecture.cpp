@@ -102,6 +102,10 @@ void TestArchitecture::rulesJudgeIncludes_data()
     row("src/batch/A.cpp", "#include <QNetworkAccessManager>", false);
     row("src/window/A.cpp", "#include <QWidget>", true);
     row("src/window/A.cpp", "#include <QTest>", false);
+    row("src/dialogs/A.cpp", "#include \"window/BrowseRepair.h\"", false);
+    row("src/desktop/A.cpp", "#include \"dialogs/FolderExist.h\"", false);
+    row("src/app/main.cpp", "#include \"window/BrowseRepair.h\"", true);
+    row("src/app/WorkingRoot.cpp", "#include \"window/BrowseRepair.h\"", false);
 }
 
 void TestArchitecture::rulesJudgeIncludes()

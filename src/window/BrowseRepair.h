@@ -1,0 +1,282 @@
+// The main window with its two pages, the file list and the results, and the driver of a run.
+// One class over several files by task: BrowseRepair.cpp (construction), Menus.cpp, FileIntake.cpp, RunStart.cpp,
+// RunDriver.cpp and SampleDriver.cpp (on the worker), RunEffects.cpp, Results.cpp, Preview.cpp, Sample.cpp,
+// StopBackClose.cpp, Saving.cpp.
+//
+// The worker touches no widget and no member but m_plan: it posts effects, which run on the main thread in their order
+// and name a row by number. Effects of a run that Back or Close has ended do nothing. While the worker runs, the fields
+// of `pApp` are its own, but for the polled flags; what the main thread does with them waits in afterRun().
+#pragma once
+
+#include "dialogs/FramelessMove.h"
+#include "engine/OutputRows.h"
+#include "window/Background.h"
+#include "window/EffectQueue.h"
+#include "window/PreviewLoader.h"
+#include "window/QRepairThread.h"
+#include "window/RunPlan.h"
+#include "window/ThreadPreview.h"
+
+#include <QMenuBar>
+#include <QPointer>
+#include <QWidget>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+class AdvancedRepairDlg;
+class BackApplicationDlg;
+class DrgDrp;
+class MessageBox;
+class MyTreeWidget;
+class QAbstractButton;
+class QLabel;
+class QPushButton;
+class QTimer;
+class QTreeWidgetItem;
+class Ui_BrowseRepairObj;
+struct FileOutcome;
+
+class BrowseRepair : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit BrowseRepair(QWidget *parent = nullptr);
+    /// Ends a run that is under way and waits for it.
+    ~BrowseRepair() override;
+
+    // For the worker
+    /// Runs the driver that the flags of `pApp` name, on the calling thread.
+    void runDriver();
+    /// Queues an effect of the plan's run; it does nothing once that run is gone.
+    void postToRun(std::function<void()> effect);
+    void postWorkerLeft();
+
+    bool workerRuns() const { return m_workerBusy; }
+    /// Text of the size column: KiB in whole MiB steps from 1 MiB on; "0" from 1 GiB on.
+    static QString GetSizeOfItem(long long bytes);
+
+public slots:
+    // File list
+    void AddFilesProcess();
+    void SetItemInTreeWidget(QStringList paths);
+    /// Adds files that were named outside of the window, as the dialog would. Paths of folders are passed over.
+    void AddNamedFiles(const QStringList &paths);
+    /// Another start of the program: shows the window and takes the files, while the file list is up.
+    void ComeToFront(const QStringList &paths);
+    void RemoveFrmListProcess();
+    void OnRepairItemClicked(QTreeWidgetItem *item, int column);
+    void OnCheckBoxbtnClicked(bool checked);
+    void SelectAllProcess() {}
+    void UnselectAllProcess() {}
+
+    // A run
+    void OnSaveWindow();
+    void SwitchToOriginalState();
+    void DisplaySavedItems();
+    void OnShowlabel();
+    void OnSetCheckBoxEnabled();
+    void OnShowProgresslabel(QString text, QString percent);
+    void OnSetFileProgressvalue(unsigned int value);
+    void OnshowCustomButton(unsigned int index);
+    void OnsetCustomButton(unsigned int number);
+    void OnExpandThumb(QTreeWidgetItem *item);
+    void OnJPGCAll(QString text);
+    void OnHideProgressBar();
+    void OnShowThumblabl();
+    void OnThumbChbox();
+    void OnSelectAllLable();
+    void OnShowString();
+    void OnShowProgress();
+    void OnEnableProgressBar();
+
+    // Results
+    void OnCompletionMsgBox();
+    void OnItemClicked(QTreeWidgetItem *item, int column);
+    void OnSaveCheckBoxbtnClicked(bool checked);
+    void OnThumbnailHideChkBox(bool checked);
+    void OnPreviewHEICFile(QString path);
+    void OnQuickLookSlot();
+    void SaveImage();
+
+    // Repair with a sample
+    void OnClickAddReference(unsigned int id);
+    void OnRefe_CheckBoxClicked();
+    void ReferenceRepairProcess();
+
+    // Stop, back, close
+    void StopProcess();
+    void OnStopProcess();
+    void OnRunProcess();
+    void OnClickedBackBtn();
+    void CloseProcess();
+    void MinimiseWin();
+    void OnHelp();
+    void onUpdateWizard();
+
+signals:
+    void displayItem();
+    void Showlabel();
+    void SetCheckBoxEnabled();
+    void ShowProgressLabel(QString text, QString percent);
+    void SetFileProgressvalue(unsigned int value);
+    void showCustomButton(unsigned int index);
+    void setCustomButton(unsigned int number);
+    void ExpandThumb(QTreeWidgetItem *item);
+    void msgShow(QString text);
+    void HideProgressBar();
+    void ShowThumblabl();
+    void ThumbChbox();
+    void SelectAllLable();
+    void CompletionMsgBox();
+    void ShowString();
+    void ShowProgress();
+    void EnableProgressBar();
+    /// The worker has left, and what waited for it has been done.
+    void workerLeft();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    // Construction
+    void OnInitialization();
+    void Init();
+    using QWidget::setStyleSheet;
+    void setStyleSheet();
+    void SetFixedSizeWidget();
+    void CreateMenuBar();
+    void CreateMenuBar2();
+    void CreateShortcuts();
+    void connectSignals();
+    void connectRunSignals();
+    void buildTrees();
+    void buildDropArea();
+    void orderFocus();
+    void retranslate();
+    void retranslateMenus();
+    void setTitleLabels();
+
+    // File list
+    bool AlreadyAdded(QString path);
+    void takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon);
+    void fillRow(QTreeWidgetItem *item, const QString &path, bool withIcon);
+    void setUpList(const QRect &geometry, const QStringList &headers);
+    void showFilledList();
+    void showListState();
+
+    // A run: on the main thread
+    void setUpResultTree();
+    void RepairFilesProcess();
+    void startRun(RunPlan plan);
+    void addSourceRow(QTreeWidgetItem *listRow);
+    void addOutputRow(QTreeWidgetItem *source, const OutputRow &row, bool leftAligned, bool withResolution);
+    /// The word of an output row in the language of the interface.
+    static QString typeText(const QString &type);
+    void showRunStart();
+    void showFileStart(const QString &name);
+    void setReportTip(QTreeWidgetItem *source, const QString &text);
+    void finishStoppedRows();
+    void finishRun();
+    QTreeWidgetItem *sourceRow(int number) const;
+    void afterRun(std::function<void()> task);
+    void OnWorkerLeft();
+    /// Does work that may take long beside the main thread; until it is done it counts as a worker.
+    void runAside(std::function<void()> work);
+    void endWorker();
+    void resetRunFields();
+
+    // A run: on the worker
+    void RepairJpegFile();
+    void OnRepairRefrenceFile();
+    /// False if the user has asked to stop; the row then has the status of a stopped one.
+    bool repairRow(const RunRow &row, int number, unsigned int &buttonIndex);
+    enum class SampleStep { Next, StopNoted, Leave };
+    SampleStep repairRowWithSample(const RunRow &row, int number);
+    /// False if a stop came between the outputs.
+    bool postOutputs(const RunRow &row, const FileOutcome &outcome, unsigned int &buttonIndex);
+    void postProgress(int number);
+    void postStatus(int row, const char *status);
+
+    // Results
+    void showButtonsByStatus();
+    void makeAdvanceButton(QPushButton *button, const QString &text);
+    /// The button of a source row; null for other rows.
+    CustomButton *buttonOf(const QTreeWidgetItem *row) const;
+    void countChecks();
+    void previewRow(QTreeWidgetItem *item);
+    void showPicture(const QImage &image, const QSize &fullSize);
+    void showNoPreview();
+    void OnRowEntered(QTreeWidgetItem *item);
+    void GetQuickLookProcessID();
+
+    // Repair with a sample
+    QTreeWidgetItem *firstRowNamed(const QString &name) const;
+    QTreeWidgetItem *rowOfPath(const QString &path) const;
+    QString sampleText(const QString &path) const;
+    void showSampleRunStart(int total);
+    void showSampleFile(const QString &name);
+    void showSampleOutput(const QString &fileName, const OutputRows &rows, bool stopped);
+
+    // Saving
+    bool CheckSizeOnDisk();
+    void CopyFileNew();
+    bool DirCopy(QString workDir);
+    void saveTo(const QString &folder);
+    void showRefusal(const QString &text);
+
+    static void removeWorkingFolders();
+
+    std::unique_ptr<Ui_BrowseRepairObj> ui;
+    DrgDrp *pFileList = nullptr;
+    MyTreeWidget *pResultTree = nullptr;
+    QPushButton *pDropButton = nullptr;
+    QLabel *pDropHint = nullptr;
+    MessageBox *pMessageBox = nullptr;
+    BackApplicationDlg *pBackDlg = nullptr;
+    QPointer<AdvancedRepairDlg> pAdvancedDlg;
+    QMenuBar *pMenuBar = nullptr;
+    QMenuBar *pMenuBar2 = nullptr;
+    FramelessMove m_move;
+
+    QStringList lstPendingPaths;
+    quint32 nFileIdNext = 0;
+    quint32 nFileCount = 0;
+    bool bListSetUp = false;
+    bool m_takingFiles = false;
+
+    quint64 nSelectedCount = 0;
+    quint32 nNextButtonId = 0;
+    QList<RefScan> lstRowButtons;
+    RepairedFileInfo curFileInfo;
+    QList<RepairedFileInfo> lstRepairedInfo;
+    bool bHasRepaired = false;
+    QList<QString> strSampleList;
+    bool bCloseDialogOpen = false;
+
+    QList<unsigned int> lstHelperPids;
+    quint32 nCurrentHelper = 0;
+    QStringList lstPreviewFiles;
+    QTimer *pQuickLookTimer = nullptr;
+
+    EffectQueue m_effects;
+    RunPlan m_plan;                     ///< written only while no worker runs
+    quint64 m_run = 0;                  ///< number of the run whose effects count
+    bool m_workerBusy = false;          ///< from the start of a worker until its last effect has run
+    bool m_stopSeen = false;            ///< the run in hand was left by a stop
+    std::atomic<bool> m_leaving{false}; ///< the program ends: a run that starts now stops at once
+    std::vector<std::function<void()>> m_afterRun;
+    QRepairThread m_repairThread;
+    ThreadPreview m_previewThread;
+    PreviewLoader m_preview{m_effects};
+    Background m_aside;
+};
+
+/// The main window; null before it is built and after it is gone.
+extern BrowseRepair *pMainWindow;

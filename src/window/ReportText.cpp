@@ -1,0 +1,95 @@
+#include "window/ReportText.h"
+
+#include "engine/OneFile.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+QString translated(const char *text, int count = -1)
+{
+    return QCoreApplication::translate("ReportText", text, nullptr, count);
+}
+
+QString wayText(RepairWay way)
+{
+    switch (way) {
+    case RepairWay::Main: return translated(QT_TRANSLATE_NOOP("ReportText", "rebuilt from its segments"));
+    case RepairWay::Nested: return translated(QT_TRANSLATE_NOOP("ReportText", "an image inside the file"));
+    case RepairWay::SecondWay:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "rebuilt from the first usable segment"));
+    case RepairWay::Sample: return translated(QT_TRANSLATE_NOOP("ReportText", "rebuilt with the header of the sample"));
+    case RepairWay::Pointers: return translated(QT_TRANSLATE_NOOP("ReportText", "found through the file's own index"));
+    case RepairWay::Carve: return translated(QT_TRANSLATE_NOOP("ReportText", "found by searching the file"));
+    case RepairWay::Rewrite: return translated(QT_TRANSLATE_NOOP("ReportText", "its index was written anew"));
+    }
+    return {};
+}
+
+QString reasonWords(RepairReason reason)
+{
+    switch (reason) {
+    case RepairReason::None: return {};
+    case RepairReason::Unreadable: return translated(QT_TRANSLATE_NOOP("ReportText", "The file can't be read."));
+    case RepairReason::Empty: return translated(QT_TRANSLATE_NOOP("ReportText", "The file is empty."));
+    case RepairReason::TooLarge: return translated(QT_TRANSLATE_NOOP("ReportText", "The file is too large."));
+    case RepairReason::OtherFormat:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The file isn't of a format that can be repaired."));
+    case RepairReason::HeaderLost:
+        return translated(
+            QT_TRANSLATE_NOOP("ReportText", "The header is lost. A sample from the same camera may help."));
+    case RepairReason::DecoderRefused:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "What could be rebuilt doesn't open as a picture."));
+    case RepairReason::NoPreview:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The file holds no preview picture."));
+    case RepairReason::TilesUnknown:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The number of image tiles isn't one of the known ones."));
+    case RepairReason::BoxesLost:
+        return translated(
+            QT_TRANSLATE_NOOP("ReportText", "The index is lost. A sample from the same camera may help."));
+    case RepairReason::DiskFull:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The disk is full or can't be written."));
+    case RepairReason::Stopped:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "Stopped before this file was done."));
+    }
+    return {};
+}
+
+} // namespace
+
+QString reportText(const FileOutcome &outcome)
+{
+    const RepairReport &report = outcome.report;
+    QStringList lines;
+    if (!report.outputs.isEmpty()) {
+        if (report.dqtReplaced > 0)
+            lines << translated(QT_TRANSLATE_NOOP("ReportText", "Quantization tables replaced: %n"),
+                                report.dqtReplaced);
+        if (report.dhtReplaced > 0)
+            lines << translated(QT_TRANSLATE_NOOP("ReportText", "Huffman tables replaced: %n"), report.dhtReplaced);
+        if (report.codesNeutralised > 0)
+            lines << translated(QT_TRANSLATE_NOOP("ReportText", "Illegal bytes of the picture data neutralised: %1"))
+                         .arg(report.codesNeutralised);
+        if (report.bytesSteppedOver > 0)
+            lines << translated(QT_TRANSLATE_NOOP("ReportText", "Bytes stepped over: %1")).arg(report.bytesSteppedOver);
+        for (const OutputReport &output : report.outputs)
+            lines << QFileInfo(output.path).fileName() + QLatin1String(": ") + wayText(output.way);
+    }
+    const QString why = reasonWords(report.reason);
+    if (!why.isEmpty()) lines << why;
+    if (lines.isEmpty()) lines << translated(QT_TRANSLATE_NOOP("ReportText", "Nothing came out of this file."));
+    return lines.join('\n');
+}
+
+QString runSummary(quint32 invalid, quint32 thumbnailsAbsent)
+{
+    QString text;
+    if (invalid != 0)
+        text = QStringLiteral("\n%1 Invalid File%2").arg(invalid).arg(QLatin1String(invalid == 1 ? "" : "s"));
+    if (thumbnailsAbsent != 0)
+        text = QStringLiteral("\n%1 Thumbnail%2 Absent")
+                   .arg(thumbnailsAbsent)
+                   .arg(QLatin1String(thumbnailsAbsent == 1 ? "" : "s"));
+    return text;
+}

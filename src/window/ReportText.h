@@ -1,0 +1,12 @@
+// What was done for a file, in words for the tool tip of its row.
+#pragma once
+
+#include <QString>
+
+struct FileOutcome;
+
+/// One line for each thing: what was mended, or why nothing came out; never empty.
+QString reportText(const FileOutcome &outcome);
+
+/// "\n2 Invalid Files" or "\n1 Thumbnail Absent": of two counts that aren't 0 the second one. Empty if both are 0.
+QString runSummary(quint32 invalid, quint32 thumbnailsAbsent);

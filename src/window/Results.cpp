@@ -1,0 +1,196 @@
+// The results page at rest: the summary, checks, what a click on a row shows.
+#include "app/KesmiraApp.h"
+#include "desktop/Languages.h"
+#include "desktop/Look.h"
+#include "dialogs/CompletionMsg.h"
+#include "engine/OneFile.h"
+#include "window/BrowseRepair.h"
+#include "window/CustomButton.h"
+#include "window/Globals.h"
+#include "window/MyTreeWidget.h"
+#include "window/ui_BrowseRepairObj.h"
+
+namespace {
+
+bool hasStatus(const QTreeWidgetItem *row, std::initializer_list<const char *> codes)
+{
+    const QString code = row->text(column::Status);
+    return std::any_of(codes.begin(), codes.end(), [&](const char *one) { return code == QLatin1String(one); });
+}
+
+template<typename Condition>
+int countRows(QTreeWidget *tree, Condition condition)
+{
+    int rows = 0;
+    for (QTreeWidgetItemIterator it(tree); *it; ++it)
+        if (condition(*it)) ++rows;
+    return rows;
+}
+
+Qt::CheckState stateFor(int checked, int countable)
+{
+    if (checked >= 1 && checked <= countable - 1) return Qt::PartiallyChecked;
+    return checked == countable ? Qt::Checked : Qt::Unchecked;
+}
+
+} // namespace
+
+CustomButton *BrowseRepair::buttonOf(const QTreeWidgetItem *row) const
+{
+    if (!row) return nullptr;
+    const QString id = row->text(column::ButtonId);
+    for (const RefScan &entry : lstRowButtons)
+        if (QString::number(entry.nId) == id) return entry.pButton;
+    return nullptr;
+}
+
+void BrowseRepair::OnCompletionMsgBox()
+{
+    setLanguageFlags(storedLanguage());
+    ui->Preview_Label->setPixmap(look::picture(placeholderPicture(), devicePixelRatioF()));
+
+    ui->label_5->setText(
+        tr("Click on the 'Save Repaired Files' to save all your repaired photos. Click the file to preview it. "));
+    m_repairThread.quit();
+    ui->label->setText(tr("Kesmira"));
+    ui->label->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 14));
+    ui->label_3->setText(tr("Repair process completed."));
+    m_repairThread.quit();
+    // Whoever has stopped the run knows that it is over.
+    const quint64 run = m_run;
+    if (!m_stopSeen) CompletionMsgObj->exec();
+    if (run != m_run) return; // closed meanwhile
+
+    ui->SaveRepairBtn_2->setEnabled(bHasRepaired);
+    for (QWidget *hidden :
+         {static_cast<QWidget *>(ui->progressBar_2), static_cast<QWidget *>(ui->label_RepairFileName),
+          static_cast<QWidget *>(ui->Percnt_Label), static_cast<QWidget *>(ui->StopRepairProcessBtn_2)})
+        hidden->hide();
+    pResultTree->setEnabled(true);
+    ui->SaveRepairBtn_2->show();
+    ui->SaveRepairBtn_2->setEnabled(true);
+    pApp->bReferenceRepair = false;
+    for (QWidget *enabled : {static_cast<QWidget *>(ui->HelpBtn_1), static_cast<QWidget *>(ui->ShowLabl),
+                             static_cast<QWidget *>(ui->checkBox3), static_cast<QWidget *>(ui->SelectAll_labl),
+                             static_cast<QWidget *>(ui->checkBox1_2), static_cast<QWidget *>(ui->UpdateBtn),
+                             static_cast<QWidget *>(ui->UpdateBtn_2)})
+        enabled->setEnabled(true);
+    pApp->bRepairScreen = true;
+    pApp->bBackEnabled = false;
+    pApp->bFileListActive = false;
+    showButtonsByStatus();
+
+    const auto isOutput = [](const QTreeWidgetItem *row) { return hasStatus(row, {status::Output}); };
+    const int all = countRows(pResultTree, [](const QTreeWidgetItem *) { return true; });
+    const int invalid = countRows(pResultTree, [](const auto *row) { return hasStatus(row, {status::Invalid}); });
+    const int outputs = countRows(pResultTree, isOutput);
+    ui->SaveRepairBtn_2->setEnabled(outputs > 0 && invalid != all);
+    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)
+        if (isOutput(*it)) (*it)->setCheckState(column::Name, Qt::Checked);
+    ui->checkBox1_2->setCheckState(outputs == 0 ? Qt::Unchecked : Qt::Checked);
+    pResultTree->setFocus();
+}
+
+void BrowseRepair::showButtonsByStatus()
+{
+    // By id, not through buttonOf(): a run may have thousands of rows.
+    QHash<QString, CustomButton *> buttons;
+    for (const RefScan &entry : qAsConst(lstRowButtons)) buttons.insert(QString::number(entry.nId), entry.pButton);
+    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *row = pResultTree->topLevelItem(i);
+        CustomButton *button = buttons.value(row->text(column::ButtonId));
+        if (!button) continue;
+        if (hasStatus(row, {status::Invalid, status::StoppedSample, status::Queued})) {
+            makeAdvanceButton(button, tr("Advance Repair"));
+        } else if (hasStatus(row, {status::Sample, status::Output, status::Repaired})) {
+            button->hide();
+            button->setEnabled(false);
+        } else if (hasStatus(row, {status::Stopped})) {
+            button->setText(tr("Aborted"));
+            button->setStyleSheet(QStringLiteral("text-align: left;"));
+            button->show();
+            button->setEnabled(false);
+        }
+    }
+}
+
+void BrowseRepair::OnItemClicked(QTreeWidgetItem *item, int)
+{
+    if (item->treeWidget()) item->setExpanded(!item->isExpanded());
+    if (hasStatus(item, {status::Invalid})) ui->SaveRepairBtn_2->setEnabled(true);
+    setLanguageFlags(storedLanguage());
+    countChecks();
+    previewRow(item);
+}
+
+void BrowseRepair::countChecks()
+{
+    const auto checkedWith = [](std::initializer_list<const char *> codes) {
+        return [codes](const QTreeWidgetItem *row) {
+            return row->checkState(column::Name) == Qt::Checked && hasStatus(row, codes);
+        };
+    };
+    const int countable = countRows(pResultTree, [](const QTreeWidgetItem *row) {
+        return hasStatus(row, {status::Output, status::Stopped, status::Invalid});
+    });
+    const int checkedOutputs = countRows(pResultTree, checkedWith({status::Output}));
+    const int checkedOther = countRows(pResultTree, checkedWith({status::Output, status::Stopped}));
+    ui->checkBox1_2->setTristate(true);
+    ui->SaveRepairBtn_2->setEnabled(stateFor(checkedOutputs, countable) != Qt::Unchecked);
+    ui->checkBox1_2->setCheckState(stateFor(checkedOther, countable));
+}
+
+void BrowseRepair::OnRowEntered(QTreeWidgetItem *item)
+{
+    // The space key does nothing in this tree, so Return ticks a row for whoever has no mouse.
+    const QVariant box = item->data(column::Name, Qt::CheckStateRole);
+    if (box.isValid())
+        item->setCheckState(column::Name, item->checkState(column::Name) == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    const bool open = item->isExpanded();
+    OnItemClicked(item, column::Name);
+    if (box.isValid()) item->setExpanded(open);
+}
+
+void BrowseRepair::OnSaveCheckBoxbtnClicked(bool checked)
+{
+    pApp->bApplyToAllSameFormat = false;
+    if (ui->checkBox1_2->isTristate()) {
+        ui->checkBox1_2->setTristate(false);
+        ui->checkBox1_2->setChecked(checked);
+    }
+    int ticked = 0;
+    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
+        if (hasStatus(*it, {status::Invalid, status::Repaired, status::StoppedSample})) {
+            (*it)->setData(column::Name, Qt::CheckStateRole, QVariant());
+            if (checked) ui->SaveRepairBtn_2->setEnabled(false);
+            continue;
+        }
+        (*it)->setCheckState(column::Name, checked ? Qt::Checked : Qt::Unchecked);
+        if (checked && !hasStatus(*it, {status::Stopped})) ++ticked;
+    }
+    ui->SaveRepairBtn_2->setEnabled(ticked > 0);
+}
+
+void BrowseRepair::OnThumbnailHideChkBox(bool checked)
+{
+    ui->ShowLabl->setEnabled(true);
+    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
+        QTreeWidgetItem *row = *it;
+        if (checked) {
+            if (!row->text(column::Resolution).isEmpty()) row->setHidden(false);
+            continue;
+        }
+        const bool repaired = hasStatus(row, {status::Repaired});
+        for (int i = 0; i < std::min(row->childCount(), 4); ++i) {
+            QTreeWidgetItem *child = row->child(i);
+            const bool output = hasStatus(child, {status::Output});
+            // The first row of a repaired source is its main image.
+            if (i == 0 && repaired)
+                child->setHidden(false);
+            else if (output)
+                child->setHidden(true);
+            else if (i > 0 && repaired)
+                child->setHidden(false);
+        }
+    }
+}

@@ -1,0 +1,222 @@
+// What a run does to the window, on the main thread.
+#include "app/KesmiraApp.h"
+#include "desktop/Look.h"
+#include "engine/OneFile.h"
+#include "window/BrowseRepair.h"
+#include "window/CustomButton.h"
+#include "window/MyTreeWidget.h"
+#include "window/ui_BrowseRepairObj.h"
+
+#include <QPixmap>
+
+QString BrowseRepair::typeText(const QString &type)
+{
+    if (type == QLatin1String("Repaired")) return tr("Repaired");
+    if (type == QLatin1String("Extracted")) return tr("Extracted");
+    if (type == QLatin1String("Thumbnail")) return tr("Thumbnail");
+    return type;
+}
+
+QTreeWidgetItem *BrowseRepair::sourceRow(int number) const
+{
+    return pResultTree->topLevelItem(number);
+}
+
+void BrowseRepair::showRunStart()
+{
+    ui->progressBar_2->show();
+    ui->BackBtn_2->setEnabled(false);
+    lstRepairedInfo.clear();
+    ui->progressBar_2->setValue(0);
+    ui->progressBar_2->setRange(0, int(nSelectedCount));
+    emit displayItem();
+    emit Showlabel();
+    emit SetCheckBoxEnabled();
+}
+
+void BrowseRepair::showFileStart(const QString &name)
+{
+    ui->progressBar_2->show();
+    curFileInfo.strName = name;
+    ui->RemovFileBtn->setEnabled(false);
+    pDropButton->setEnabled(false);
+}
+
+void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output, bool leftAligned, bool withResolution)
+{
+    auto *row = new QTreeWidgetItem;
+    row->setCheckState(column::Name, Qt::Unchecked);
+    row->setText(column::Name, output.name);
+    row->setText(column::Type, typeText(output.type));
+    if (leftAligned) row->setTextAlignment(column::Type, Qt::AlignLeft | Qt::AlignVCenter);
+    if (withResolution) row->setText(column::Resolution, output.resolution);
+    row->setText(column::Status, output.statusCode);
+    if (!output.icon.isNull()) row->setIcon(column::Name, QIcon(QPixmap::fromImage(output.icon)));
+    source->addChild(row);
+    emit ExpandThumb(source);
+    curFileInfo.strName = output.name;
+    curFileInfo.strResolution = output.resolution;
+    lstRepairedInfo.append(curFileInfo);
+}
+
+void BrowseRepair::setReportTip(QTreeWidgetItem *source, const QString &text)
+{
+    if (!source || text.isEmpty()) return;
+    source->setToolTip(column::Name, text);
+    source->setToolTip(column::Type, text);
+    for (int i = 0; i < source->childCount(); ++i)
+        for (int cell : {column::Name, column::Type, column::Resolution}) source->child(i)->setToolTip(cell, text);
+    if (const CustomButton *button = buttonOf(source)) const_cast<CustomButton *>(button)->setToolTip(text);
+}
+
+void BrowseRepair::finishStoppedRows()
+{
+    m_stopSeen = true;
+    bool behindStop = false;
+    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
+        const QString code = (*it)->text(column::Status);
+        if (code == QLatin1String(status::Stopped))
+            behindStop = true;
+        else if (behindStop && code != QLatin1String(status::Invalid))
+            (*it)->setText(column::Status, QLatin1String(status::Stopped));
+    }
+}
+
+void BrowseRepair::finishRun()
+{
+    pResultTree->setEnabled(true);
+    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
+        const QString code = (*it)->text(column::Status);
+        if (code != QLatin1String(status::Repaired) && code != QLatin1String(status::Invalid)) continue;
+        (*it)->setText(column::Type, QString());
+        (*it)->setText(column::Resolution, QString());
+        (*it)->setData(column::Name, Qt::CheckStateRole, QVariant());
+    }
+    emit ShowThumblabl();
+    emit SetCheckBoxEnabled();
+    emit ThumbChbox();
+    emit SelectAllLable();
+    // In front of the summary, which has the last word on this button.
+    if (pApp->bResultsPage) ui->SaveRepairBtn_2->setEnabled(true);
+    emit CompletionMsgBox();
+}
+
+void BrowseRepair::SwitchToOriginalState()
+{
+    ui->progressBar_2->hide();
+    ui->label_RepairFileName->hide();
+    ui->SaveRepairBtn_2->show();
+    ui->StopRepairProcessBtn_2->hide();
+    ui->BackBtn_2->setEnabled(true);
+}
+
+void BrowseRepair::DisplaySavedItems()
+{
+    ui->frame->hide();
+    ui->Preview_Label->show();
+    ui->frame2->show();
+    ui->StopRepairProcessBtn_2->show();
+    ui->SaveRepairBtn_2->hide();
+    pApp->bResultsPage = true;
+    ui->StopRepairProcessBtn_2->setFocus();
+}
+
+void BrowseRepair::OnShowlabel()
+{
+    for (QLabel *label : {ui->label_RepairFileName, ui->Percnt_Label}) {
+        label->clear();
+        label->show();
+    }
+    ui->BackBtn_2->setEnabled(false);
+}
+
+void BrowseRepair::OnSetCheckBoxEnabled()
+{
+    ui->checkBox1_2->setCheckState(Qt::Checked);
+    ui->checkBox1_2->setEnabled(false);
+}
+
+void BrowseRepair::OnShowProgresslabel(QString text, QString percent)
+{
+    ui->label_RepairFileName->setText(text);
+    ui->Percnt_Label->setText(percent);
+    ui->ShowLabl->setEnabled(false);
+}
+
+void BrowseRepair::OnSetFileProgressvalue(unsigned int value)
+{
+    ui->progressBar_2->setValue(int(value));
+}
+
+void BrowseRepair::OnshowCustomButton(unsigned int index)
+{
+    if (index >= unsigned(lstRowButtons.size())) return;
+    CustomButton *button = lstRowButtons[int(index)].pButton;
+    button->setText(QString());
+    button->hide();
+    button->setEnabled(false);
+}
+
+void BrowseRepair::OnsetCustomButton(unsigned int number)
+{
+    if (number == 0 || number > unsigned(lstRowButtons.size())) return;
+    makeAdvanceButton(lstRowButtons[int(number) - 1].pButton, tr("Advance repair"));
+}
+
+void BrowseRepair::makeAdvanceButton(QPushButton *button, const QString &text)
+{
+    QFont font = look::font(QStringLiteral("Helvetica neue Medium"), 12);
+    font.setUnderline(true);
+    button->setFont(font);
+    QPalette colours = button->palette();
+    colours.setColor(QPalette::ButtonText, colours.color(QPalette::Link));
+    button->setPalette(colours);
+    button->setText(text);
+    button->setProperty("role", "link");
+    button->setStyleSheet(QStringLiteral("text-align: left; padding: 1 5px ;background:transparent"));
+    button->show();
+    button->setEnabled(true);
+}
+
+void BrowseRepair::OnExpandThumb(QTreeWidgetItem *item)
+{
+    item->setExpanded(true);
+}
+
+void BrowseRepair::OnJPGCAll(QString) {}
+
+void BrowseRepair::OnHideProgressBar()
+{
+    ui->progressBar_2->hide();
+}
+
+void BrowseRepair::OnShowThumblabl() {}
+
+void BrowseRepair::OnThumbChbox()
+{
+    ui->checkBox3->setEnabled(true);
+}
+
+void BrowseRepair::OnSelectAllLable()
+{
+    ui->SelectAll_labl->setEnabled(true);
+}
+
+void BrowseRepair::OnShowString()
+{
+    OnShowlabel();
+}
+
+void BrowseRepair::OnShowProgress()
+{
+    ui->StopRepairProcessBtn_2->show();
+    ui->SaveRepairBtn_2->hide();
+    ui->BackBtn_2->setEnabled(false);
+    pResultTree->setEnabled(false);
+}
+
+void BrowseRepair::OnEnableProgressBar()
+{
+    ui->progressBar_2->setValue(0);
+    ui->progressBar_2->show();
+}

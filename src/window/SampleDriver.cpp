@@ -1,0 +1,53 @@
+// The driver of a run with a sample file. Runs on the worker and touches no widget.
+#include "app/StopFlag.h"
+#include "engine/OneFile.h"
+#include "window/BrowseRepair.h"
+#include "window/ReportText.h"
+
+#include <QFileInfo>
+#include <QTreeWidgetItem>
+
+void BrowseRepair::OnRepairRefrenceFile()
+{
+    if (m_leaving) setFlag(pApp->bStopRepair, true);
+    const int total = m_plan.rows.size();
+    postToRun([this, total] { showSampleRunStart(total); });
+    bool stopNoted = false;
+    for (int n = 1; n <= total; ++n) {
+        const SampleStep step = repairRowWithSample(m_plan.rows[n - 1], n);
+        stopNoted = stopNoted || step == SampleStep::StopNoted;
+        if (step != SampleStep::Next) break;
+    }
+    const bool stopped = stopRequested();
+    if (stopped) resetRunFields();
+    postToRun([this, stopped, stopNoted] {
+        if (stopNoted) finishStoppedRows();
+        m_stopSeen = stopped;
+        emit CompletionMsgBox();
+    });
+}
+
+BrowseRepair::SampleStep BrowseRepair::repairRowWithSample(const RunRow &row, int number)
+{
+    postToRun([this, path = row.path] {
+        if (QTreeWidgetItem *item = rowOfPath(path)) item->setText(column::Status, QLatin1String(status::Queued));
+    });
+    const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, row.path);
+    if (outcome.results.isEmpty()) {
+        postToRun([this, path = row.path, text = reportText(outcome)] { setReportTip(rowOfPath(path), text); });
+        return stopRequested() ? SampleStep::Leave : SampleStep::Next;
+    }
+    postToRun([this, name = QFileInfo(row.path).fileName()] { showSampleFile(name); });
+    postProgress(number);
+    if (stopRequested()) return SampleStep::Leave;
+
+    const bool last = number == m_plan.rows.size();
+    const OutputRows rows = makeSampleRows(outcome);
+    const bool stopped = stopRequested();
+    postToRun([this, number, last, rows, stopped, path = row.path, text = reportText(outcome)] {
+        emit SetFileProgressvalue(last ? 1 : unsigned(number));
+        showSampleOutput(QFileInfo(path).fileName(), rows, stopped);
+        setReportTip(firstRowNamed(QFileInfo(path).fileName()), text);
+    });
+    return stopped ? SampleStep::StopNoted : SampleStep::Next;
+}
