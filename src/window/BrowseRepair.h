@@ -64,7 +64,7 @@ public slots:
     void SetItemInTreeWidget(QStringList paths);
     /// Adds files that were named outside of the window, as the dialog would. Paths of folders are passed over.
     void AddNamedFiles(const QStringList &paths);
-    /// Another start of the program: shows the window and takes the files, while the file list is up.
+    /// Another start of the program: shows the window and takes the files, now or once the file list is up again.
     void ComeToFront(const QStringList &paths);
     void RemoveFrmListProcess();
     void OnRepairItemClicked(QTreeWidgetItem *item, int column);
@@ -168,6 +168,7 @@ private:
     void takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon);
     void fillRow(QTreeWidgetItem *item, const QString &path, bool withIcon);
     void setUpList(const QRect &geometry, const QStringList &headers);
+    void takeHandedOver();
     void showFilledList();
     void showListState();
 
@@ -250,6 +251,7 @@ private:
     quint32 nFileCount = 0;
     bool bListSetUp = false;
     bool m_takingFiles = false;
+    QStringList m_handedOver; ///< files from other starts that wait for the file list
 
     quint64 nSelectedCount = 0;
     quint32 nNextButtonId = 0;

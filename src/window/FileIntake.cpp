@@ -81,7 +81,15 @@ void BrowseRepair::ComeToFront(const QStringList &paths)
     if (isMinimized()) showNormal();
     raise();
     activateWindow();
-    if (ui->frame->isVisible()) AddNamedFiles(paths);
+    m_handedOver += paths;
+    if (ui->frame->isVisible() && !m_takingFiles) takeHandedOver();
+}
+
+void BrowseRepair::takeHandedOver()
+{
+    const QStringList paths = m_handedOver;
+    m_handedOver.clear();
+    AddNamedFiles(paths);
 }
 
 void BrowseRepair::AddNamedFiles(const QStringList &paths)

@@ -38,6 +38,8 @@ void BrowseRepair::RepairJpegFile()
         postToRun([this] { finishStoppedRows(); });
     }
     setFlag(pApp->bFileInProgress, false);
+    pApp->bContainerWalk = false;
+    pApp->bTrailingImages = false;
     if (pApp->nThumbAbsentCount != 0 || pApp->nInvalidCount != 0) {
         const QString text = runSummary(pApp->nInvalidCount, pApp->nThumbAbsentCount);
         pApp->bRunMessage = true;

@@ -118,6 +118,7 @@ void BrowseRepair::OnClickedBackBtn()
     pApp->bResultsPage = false;
     ui->frame->show();
     pFileList->setFocus();
+    takeHandedOver();
     afterRun([this] {
         pApp->bHeicReferenceRepair = false;
         pApp->bReferenceRepair = false;
