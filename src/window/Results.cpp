@@ -37,11 +37,10 @@ Qt::CheckState stateFor(int checked, int countable)
 
 CustomButton *BrowseRepair::buttonOf(const QTreeWidgetItem *row) const
 {
-    if (!row) return nullptr;
-    const QString id = row->text(column::ButtonId);
-    for (const RefScan &entry : lstRowButtons)
-        if (QString::number(entry.nId) == id) return entry.pButton;
-    return nullptr;
+    if (!row || lstRowButtons.isEmpty()) return nullptr;
+    // Ids run on from the first: a run may have thousands of rows, and this is asked for each.
+    const int index = int(row->text(column::ButtonId).toUInt() - lstRowButtons.first().nId);
+    return lstRowButtons.value(index).pButton;
 }
 
 void BrowseRepair::OnCompletionMsgBox()
@@ -93,12 +92,9 @@ void BrowseRepair::OnCompletionMsgBox()
 
 void BrowseRepair::showButtonsByStatus()
 {
-    // By id, not through buttonOf(): a run may have thousands of rows.
-    QHash<QString, CustomButton *> buttons;
-    for (const RefScan &entry : qAsConst(lstRowButtons)) buttons.insert(QString::number(entry.nId), entry.pButton);
     for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
         const QTreeWidgetItem *row = pResultTree->topLevelItem(i);
-        CustomButton *button = buttons.value(row->text(column::ButtonId));
+        CustomButton *button = buttonOf(row);
         if (!button) continue;
         if (hasStatus(row, {status::Invalid, status::StoppedSample, status::Queued})) {
             makeAdvanceButton(button, tr("Advance Repair"));

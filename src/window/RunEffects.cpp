@@ -66,7 +66,7 @@ void BrowseRepair::setReportTip(QTreeWidgetItem *source, const QString &text)
     source->setToolTip(column::Type, text);
     for (int i = 0; i < source->childCount(); ++i)
         for (int cell : {column::Name, column::Type, column::Resolution}) source->child(i)->setToolTip(cell, text);
-    if (const CustomButton *button = buttonOf(source)) const_cast<CustomButton *>(button)->setToolTip(text);
+    if (CustomButton *button = buttonOf(source)) button->setToolTip(text);
 }
 
 void BrowseRepair::finishStoppedRows()

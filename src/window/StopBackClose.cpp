@@ -44,9 +44,10 @@ void BrowseRepair::OnStopProcess()
             row->setText(column::Status, QLatin1String(status::StoppedSample));
         } else if (code == QLatin1String(status::Repaired) || code == QLatin1String(status::Sample)
                    || code == QLatin1String(status::Output)) {
-            CustomButton *button = lstRowButtons[i].pButton; // rows and buttons are made side by side
-            button->hide();
-            button->setEnabled(false);
+            if (CustomButton *button = buttonOf(row)) {
+                button->hide();
+                button->setEnabled(false);
+            }
         }
     }
     // The last row of the tree decides.

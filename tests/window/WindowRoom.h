@@ -5,6 +5,7 @@
 #include "app/KesmiraApp.h"
 #include "desktop/FileChooser.h"
 #include "desktop/platform/Platform.h"
+#include "engine/OneFile.h"
 #include "support/Files.h"
 #include "support/RunFolder.h"
 #include "window/BrowseRepair.h"
@@ -150,6 +151,7 @@ public:
     ~WindowRoom()
     {
         window.reset();
+        beginRun(); // lets the records of the last run go
         setPlatform(nullptr);
         setFileChooser(nullptr);
     }

@@ -53,7 +53,8 @@ private slots:
     void sizesInTheList();
     void intake_data();
     void intake();
-    void firstDropSetsTheListUp();
+    void firstIntakeSetsTheListUp_data();
+    void firstIntakeSetsTheListUp();
     void boxesSteerRepair();
     void wholeRun_data();
     void wholeRun();
@@ -62,6 +63,7 @@ private slots:
     void thumbnailsCanBeHidden();
     void sampleForOne();
     void sampleForAll();
+    void sampleThatIsNone();
     void stopKeepsWhatWasMade();
     void backAndAgain();
     void closeAsksOnce();
@@ -142,21 +144,35 @@ void TestWindow::intake()
     QCOMPARE(room.complaint(), QString());
 }
 
-void TestWindow::firstDropSetsTheListUp()
+void TestWindow::firstIntakeSetsTheListUp_data()
 {
-    WindowRoom room;
-    drop(room.list()->viewport(), {room.source("a.jpg", "x")});
-    QCOMPARE(room.list()->geometry(), QRect(24, 226, 692, 270));
-    QCOMPARE(room.list()->headerItem()->text(7), QString("Modified date"));
-    QVERIFY(room.list()->isSortingEnabled());
+    QTest::addColumn<bool>("dropped");
+    QTest::addColumn<QRect>("place");
+    QTest::addColumn<QString>("header");
+    QTest::newRow("by the dialog") << false << QRect(25, 240, 800, 250) << " Modified Date";
+    QTest::newRow("by a drop") << true << QRect(24, 226, 692, 270) << "Modified date";
+}
 
-    WindowRoom other;
-    other.add({other.source("a.jpg", "x")});
-    QCOMPARE(other.list()->geometry(), QRect(25, 240, 800, 250));
-    QCOMPARE(other.list()->headerItem()->text(7), QString(" Modified Date"));
-    drop(other.list()->viewport(), {other.source("b.jpg", "x")});
-    QCOMPARE(other.list()->geometry(), QRect(25, 240, 800, 250)); // whichever way comes first
-    QCOMPARE(names(other.list()), (QStringList{"a.jpg", "b.jpg"}));
+void TestWindow::firstIntakeSetsTheListUp()
+{
+    QFETCH(bool, dropped);
+    QFETCH(QRect, place);
+    QFETCH(QString, header);
+    WindowRoom room;
+    const QString first = room.source("a.jpg", "x"), second = room.source("b.jpg", "x");
+    if (dropped)
+        drop(room.list()->viewport(), {first});
+    else
+        room.add({first});
+    // What the other way would have set comes too late.
+    if (dropped)
+        room.add({second});
+    else
+        drop(room.list()->viewport(), {second});
+    QCOMPARE(room.list()->geometry(), place);
+    QCOMPARE(room.list()->headerItem()->text(7), header);
+    QCOMPARE(room.list()->isSortingEnabled(), dropped);
+    QCOMPARE(names(room.list()), (QStringList{"a.jpg", "b.jpg"}));
 }
 
 void TestWindow::boxesSteerRepair()
@@ -360,16 +376,18 @@ void TestWindow::sampleForAll()
     QCOMPARE(room.rows(),
              (QStringList{"b.jpg||5||", " b.jpg|Repaired|4|x|32x48", "a.jpg||5||", " a.jpg|Repaired|4|x|32x48",
                           "c.jpg||5||", " c.jpg|Repaired|4|x|32x48"}));
+}
 
-    // A sample that is none leaves the row as it was, open to another try.
-    WindowRoom other;
-    other.add({other.source("b.jpg", photos::scanOnly())});
-    QVERIFY(other.repair());
-    takeSample(other, "b.jpg", other.source("none.jpg", "nothing"), false);
-    QVERIFY(other.rest());
-    QCOMPARE(other.rows(), QStringList("b.jpg||7||"));
-    QVERIFY(other.rowButton("b.jpg")->isVisible() && other.rowButton("b.jpg")->isEnabled());
-    QCOMPARE(other.complaint(), QString());
+void TestWindow::sampleThatIsNone()
+{
+    WindowRoom room;
+    room.add({room.source("b.jpg", photos::scanOnly())});
+    QVERIFY(room.repair());
+    takeSample(room, "b.jpg", room.source("none.jpg", "nothing"), false);
+    QVERIFY(room.rest());
+    QCOMPARE(room.rows(), QStringList("b.jpg||7||")); // open to another try
+    QVERIFY(room.rowButton("b.jpg")->isVisible() && room.rowButton("b.jpg")->isEnabled());
+    QCOMPARE(room.complaint(), QString());
 }
 
 void TestWindow::stopKeepsWhatWasMade()
