@@ -5,7 +5,10 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include <cstring>
+#include <fcntl.h>
 #include <random>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -83,4 +86,33 @@ QString largeJpeg()
         return out.fileName();
     }();
     return path;
+}
+
+QString rawFile(const QByteArray &head, int megabytes)
+{
+    QFile out(benchFolder() + QStringLiteral("/raw-%1").arg(megabytes));
+    if (!out.open(QIODevice::WriteOnly)) qFatal("no room for the benchmark");
+    out.write(head);
+    std::minstd_rand random(13);
+    QByteArray block(1000 * 1000, '\0');
+    for (char &byte : block) byte = char(random() >> 8);
+    for (int i = 0; i < (small() ? 1 : megabytes); ++i) out.write(block);
+    return out.fileName();
+}
+
+qint64 memchrPass(const QByteArray &path)
+{
+    std::vector<char> block(256 * 1024);
+    qint64 hits = 0;
+    const int fd = ::open(path.constData(), O_RDONLY);
+    for (ssize_t got = 0; (got = ::read(fd, block.data(), block.size())) > 0;) {
+        const char *at = block.data();
+        const char *end = at + got;
+        while ((at = static_cast<const char *>(std::memchr(at, 0xFF, size_t(end - at))))) {
+            ++hits;
+            if (++at == end) break;
+        }
+    }
+    ::close(fd);
+    return hits;
 }

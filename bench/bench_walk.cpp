@@ -12,10 +12,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -24,24 +20,6 @@ using Clock = std::chrono::steady_clock;
 double seconds(Clock::time_point begin)
 {
     return std::chrono::duration<double>(Clock::now() - begin).count();
-}
-
-/// Hits of FF, so that the pass can't be optimised away.
-qint64 memchrPass(const QByteArray &path)
-{
-    std::vector<char> block(256 * 1024);
-    qint64 hits = 0;
-    const int fd = ::open(path.constData(), O_RDONLY);
-    for (ssize_t got = 0; (got = ::read(fd, block.data(), block.size())) > 0;) {
-        const char *at = block.data();
-        const char *end = at + got;
-        while ((at = static_cast<const char *>(std::memchr(at, 0xFF, size_t(end - at))))) {
-            ++hits;
-            if (++at == end) break;
-        }
-    }
-    ::close(fd);
-    return hits;
 }
 
 /// Looks at `positions` places of the file, each by a seek and a read; bytes a second.

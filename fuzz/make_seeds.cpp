@@ -1,10 +1,21 @@
-// Writes the damaged files of the tests as seeds: `make_seeds DIR`.
+// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged and DIR/raw.
+#include "support/Cr3Maker.h"
 #include "support/Damage.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/Files.h"
+#include "support/RawFile.h"
+#include "support/RawMaker.h"
 
 #include <cstdio>
+
+namespace {
+
+void writeAll(const QString &folder, const std::vector<QByteArray> &files)
+{
+    int number = 0;
+    for (const QByteArray &file : files) write(folder + QStringLiteral("/%1").arg(++number), file);
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -13,11 +24,16 @@ int main(int argc, char **argv)
         return 2;
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
-    QDir().mkpath(folder);
-    int number = 0;
-    for (const Damaged &damaged : damagedJpegs()) {
-        QFile file(folder + QStringLiteral("/%1").arg(++number));
-        if (!file.open(QIODevice::WriteOnly) || file.write(damaged.bytes) != damaged.bytes.size()) return 1;
-    }
+    std::vector<QByteArray> damaged;
+    for (const Damaged &each : damagedJpegs()) damaged.push_back(each.bytes);
+    writeAll(folder + QStringLiteral("/damaged"), damaged);
+
+    // Pictures of some bytes keep the files short, and short files are soon looked through.
+    const QByteArray picture = RawFile().picture(0, 60);
+    const QByteArray thumbnail = RawFile().picture(0, 30);
+    std::vector<QByteArray> raw{makeCr3({.full = picture, .preview = picture, .thumbnail = thumbnail})};
+    raw.push_back(makeCr3({.preview = picture, .thumbnail = thumbnail, .longData = false}));
+    for (const RawSample &sample : makeRawSamples(picture, thumbnail)) raw.push_back(sample.file);
+    writeAll(folder + QStringLiteral("/raw"), raw);
     return 0;
 }

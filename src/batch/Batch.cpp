@@ -136,7 +136,7 @@ void BatchRun::print(const SourceResult &result)
         m_names.append(row.name);
         if (row.type == "Thumbnail")
             ++m_summary.thumbnails;
-        else if (row.type == "Extracted")
+        else if (row.type == "Extracted" || row.type.isEmpty()) // a raw file's third picture may be called nothing
             ++m_summary.extracted;
         else
             ++m_summary.repaired;

@@ -55,7 +55,7 @@ QString mendedText(const RepairReport &report)
         parts << counted(report.bytesSteppedOver, "byte stepped over", "bytes stepped over");
     if (!report.missingSegments.isEmpty()) parts << "no " + report.missingSegments.join(", no ");
     for (const OutputReport &output : report.outputs) {
-        const bool isOtherWay = output.way == RepairWay::SecondWay || output.way == RepairWay::Sample;
+        const bool isOtherWay = output.way != RepairWay::Main && output.way != RepairWay::Nested;
         if (isOtherWay) parts << "by the " + wayWord(output.way);
     }
     parts.removeDuplicates();

@@ -20,4 +20,8 @@ constexpr quint64 kStreamCarveFactor = 16;
 /// looks like a million tiny pictures would be many minutes of making files and wiping them.
 constexpr int kStreamRefusals = 4096;
 
+/// Bytes of one picture that the boxes of a CR3 lead to. The largest cameras store some 40 MB; a damaged length would
+/// make a file of zeros of up to 4 GB.
+constexpr quint32 kCr3Image = 256 * 1024 * 1024;
+
 } // namespace guards

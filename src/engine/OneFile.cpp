@@ -61,6 +61,7 @@ RepairReason reasonFor(const QString &path)
     // What vanishes while it is in use must not be taken for a picture that doesn't decode.
     if (!QFileInfo::exists(path)) return RepairReason::Unreadable;
     if (!workingFolderUsable()) return RepairReason::DiskFull;
+    if (!isJpeg(QFileInfo(path).suffix())) return RepairReason::NoPreview;
     if (QFileInfo(path).size() >= kScanLimit) return RepairReason::TooLarge;
     if (report.headerBroken) return RepairReason::HeaderLost;
     return report.decoderRefused ? RepairReason::DecoderRefused : RepairReason::HeaderLost;
@@ -102,8 +103,16 @@ bool beginRun()
 
 const QStringList &repairableSuffixes()
 {
-    static const QStringList suffixes = {QStringLiteral("JPG"), QStringLiteral("JPEG")};
+    // "TIF" is taken in, but no analysis knows it.
+    static const QStringList suffixes = QStringLiteral("JPG JPEG NRW CR2 ARW DNG ERF MRW NEF ORF PEF RW2 SR2 SRF RAF "
+                                                       "TIFF TIF CRW CR3")
+                                            .split(QLatin1Char(' '));
     return suffixes;
+}
+
+bool isRawSuffix(const QString &suffix)
+{
+    return !isJpeg(suffix) && repairableSuffixes().contains(suffix.toUpper());
 }
 
 QString workingName(const QString &path)

@@ -33,6 +33,8 @@ bool beginRun();
 
 /// Suffixes, in upper case, that repairOneFile knows a way for.
 const QStringList &repairableSuffixes();
+/// True for a suffix, in any case, that repairOneFile takes for camera raw.
+bool isRawSuffix(const QString &suffix);
 
 /// Takes one file through dispatch, rebuild and the second way. Needs beginRun() before the first file of a run.
 /// Leaves `lstResultNames` and `report` of `pApp` as they are handed back here. Never throws, never writes the source.

@@ -40,12 +40,11 @@ const OutputReport *reported(const FileOutcome &outcome, const QString &name)
     return found == outputs.end() ? nullptr : &*found;
 }
 
-OutputRow rowFor(const FileOutcome &outcome, const QString &name)
+/// Name, place and resolution of an output; `width` gets the width of its picture.
+OutputRow plainRow(const FileOutcome &outcome, const QString &name, int &width)
 {
     OutputRow row;
     row.name = withoutSlashes(name);
-    row.thumbnail = isThumbnailName(name);
-    row.type = QLatin1String(row.thumbnail ? "Thumbnail" : "Repaired");
     const OutputReport *output = reported(outcome, name);
     row.path = output && QFileInfo::exists(output->path) ? output->path : outputPath(name);
     QSize size(0, 0);
@@ -58,7 +57,53 @@ OutputRow rowFor(const FileOutcome &outcome, const QString &name)
         row.icon = verdict.icon;
     }
     row.resolution = QStringLiteral("%1x%2").arg(size.height()).arg(size.width());
+    width = size.width();
     return row;
+}
+
+OutputRow rowFor(const FileOutcome &outcome, const QString &name)
+{
+    int width = 0;
+    OutputRow row = plainRow(outcome, name, width);
+    row.thumbnail = isThumbnailName(name);
+    row.type = QLatin1String(row.thumbnail ? "Thumbnail" : "Repaired");
+    return row;
+}
+
+void label(OutputRow &row, const char *type)
+{
+    row.type = QLatin1String(type);
+    row.statusCode = QLatin1String(status::Output);
+    row.thumbnail = row.type == QLatin1String("Thumbnail");
+}
+
+void rankTwo(QVector<OutputRow> &rows, const QVector<int> &widths)
+{
+    label(rows[0], "Extracted");
+    label(rows[1], widths[0] == widths[1] ? "Extracted" : "Thumbnail");
+    // The rows change places in meaning alone: names, files and order stay where they are.
+    if (widths[0] < widths[1]) std::swap(rows[0].resolution, rows[1].resolution);
+}
+
+void rankThree(QVector<OutputRow> &rows, const QVector<int> &widths)
+{
+    if (widths[1] >= widths[0] || widths[2] >= widths[0]) return; // the first two keep what they were called as a pair
+    label(rows[0], "Extracted");
+    label(rows[1], "Thumbnail");
+    label(rows[2], "Thumbnail");
+}
+
+/// Adds the row of a raw file's next output and calls the rows by their pictures' widths.
+void appendRawRow(const FileOutcome &outcome, const QString &name, QVector<OutputRow> &rows, QVector<int> &widths)
+{
+    int width = 0;
+    OutputRow row = plainRow(outcome, name, width);
+    row.statusCode = QLatin1String(status::Unreached);
+    rows.append(row);
+    widths.append(width);
+    if (rows.size() == 1) label(rows[0], "Extracted");
+    if (rows.size() == 2) rankTwo(rows, widths);
+    if (rows.size() == 3) rankThree(rows, widths);
 }
 
 } // namespace
@@ -89,10 +134,17 @@ OutputRows makeRows(const FileOutcome &outcome)
     // With a thumbnail in front the main image, if any, came last: the list is then read backwards.
     QStringList names = outcome.results;
     if (!names.isEmpty() && names.first().contains(QLatin1String("_[T1]"))) std::reverse(names.begin(), names.end());
+    const bool raw = isRawSuffix(outcome.suffix);
+    QVector<int> widths;
     for (const QString &name : qAsConst(names)) {
         if (stopRequested()) {
             out.sourceStatus = QLatin1String(status::Stopped);
             return out;
+        }
+        if (raw) {
+            appendRawRow(outcome, name, out.rows, widths);
+            out.sourceStatus = QLatin1String(status::Repaired);
+            continue;
         }
         if (name.contains(QLatin1String("_[T4]"))) continue; // made and listed, but never offered
         const OutputRow row = rowFor(outcome, name);

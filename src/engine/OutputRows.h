@@ -10,7 +10,7 @@
 struct OutputRow
 {
     QString name;       ///< without any "/"
-    QString type;       ///< "Repaired", "Extracted" or "Thumbnail"
+    QString type;       ///< "Repaired", "Extracted" or "Thumbnail"; empty for a third picture of a raw file out of rank
     QString resolution; ///< height "x" width; "0x0" if the output doesn't decode
     QString path;       ///< where the output lies in the working folder; also the icon's and the preview's file
     bool thumbnail = false;
@@ -24,7 +24,8 @@ struct OutputRows
     QVector<OutputRow> rows;
 };
 
-/// Rows for the outputs of one source, in their order. An output whose name holds "_[T4]" gets none.
+/// Rows for the outputs of one source, in their order. An output of a JPEG whose name holds "_[T4]" gets none; those of
+/// a raw file are told apart by their widths.
 OutputRows makeRows(const FileOutcome &outcome);
 /// The row of a sample repair; a suffix other than jpg, jpeg, JPG and JPEG gets none.
 OutputRows makeSampleRows(const FileOutcome &outcome);

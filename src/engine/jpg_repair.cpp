@@ -64,7 +64,7 @@ void jpg_repair::repairUserFile()
     pApp->nFileSize = GetFileSize(pApp->pCurrentFile);
     if (pApp->nFileSize == 0) pApp->report.reason = RepairReason::Empty;
     pApp->strFileSuffix = QFileInfo(pApp->strCurrentPath).suffix();
-    analyse();
+    analyse(false);
 }
 
 void jpg_repair::repairWorkingCopy()
@@ -74,13 +74,13 @@ void jpg_repair::repairWorkingCopy()
     if (!file->isOpen()) return;
     pApp->pCurrentFile = file.release();
     pApp->nFileSize = GetFileSize(pApp->pCurrentFile);
-    analyse();
+    analyse(true);
 }
 
-void jpg_repair::analyse()
+void jpg_repair::analyse(bool workingCopy)
 {
     if (!isJpegSuffix(pApp->strFileSuffix)) {
-        pApp->report.reason = RepairReason::OtherFormat;
+        if (!scanRaw(workingCopy)) pApp->report.reason = RepairReason::OtherFormat;
         return;
     }
     TraverseExistingJpgFile(pApp->strCurrentPath, pApp->pCurrentFile, 0);

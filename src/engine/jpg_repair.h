@@ -58,6 +58,28 @@ public:
     void AddListRaw(tagMainListRaw **head, tagMainListRaw **tail, const quint8 *segmentHead, FileWindow *file,
                     qint64 offset);
 
+    /// Scanners of camera raw. Each copies the pictures that the file at `path` stores into the working folder, found by
+    /// the container's own pointers or else by carving, and leaves their names in `lstResultNames`; none where nothing
+    /// was found. The file is opened anew, whatever `pCurrentFile` is.
+    void ScanCR2(const QString &path);
+    void ScanNRW(const QString &path);
+    void ScanARW(const QString &path);
+    void ScanNEF(const QString &path);
+    void ScanSR2(const QString &path);
+    void ScanSRF(const QString &path);
+    void ScanTIFF(const QString &path);
+    void ScanCRW(const QString &path);
+    void ScanPEF(const QString &path);
+    void ScanORF(const QString &path);
+    void ScanRAF(const QString &path);
+    void ScanRW2(const QString &path);
+    void ScanDNG(const QString &path);
+    void ScanERF(const QString &path);
+    void ScanMRW(const QString &path);
+    /// The same for CR3. Sets `strCr3FullName`, `strCr3PreviewName` and `strCr3ThumbName` for what it writes and lists
+    /// all that are set, an earlier file's too.
+    void ScanCR3Size(const QString &path);
+
     static constexpr int kHeadBytes = 71;
 
 public slots:
@@ -72,7 +94,8 @@ private:
 
     void repairUserFile();
     void repairWorkingCopy();
-    void analyse();
+    void analyse(bool workingCopy);
+    bool scanRaw(bool workingCopy);
     void closeCurrentFile();
     void cleanUp();
 
@@ -90,7 +113,8 @@ private:
 
     bool bDhtUsable = false; ///< a DHT of usable length was met
     bool bDqtSeen = false;
-    bool bSecondImage = false; ///< a second SOI was met
+    bool bSecondImage = false;  ///< a second SOI was met
+    quint32 nCarvePosition = 0; ///< where the carve of a CR3 ended; read by nothing
 
     size_t m_nodes = 0;                   // on the chain of the walk in hand
     TrailingImages *m_trailing = nullptr; // what the walk in hand shares between its nodes, if anything

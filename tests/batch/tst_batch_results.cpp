@@ -35,6 +35,7 @@ private slots:
     void overwriteAndSkipFaceForeignFiles_data();
     void overwriteAndSkipFaceForeignFiles();
     void failedSaveShows();
+    void rawFilesOfAFolder();
     void samplePass();
     void sampleOfAnotherKindIsLeftAlone();
     void workFolder();
@@ -123,6 +124,27 @@ void TestBatchResults::failedSaveShows()
     const BatchCall none({"--json", path("in"), "--to", path("in/a.jpg/below")});
     QCOMPARE(none.status, 3);
     QVERIFY2(none.err.contains("can't be made"), qPrintable(none.err));
+}
+
+void TestBatchResults::rawFilesOfAFolder()
+{
+    // A stretch of bytes with three pictures; what CR3 carves first is its thumbnail, and so the third name.
+    const QByteArray wide = makeJpeg(drawPicture(80, 20), {.jfif = false});
+    const QByteArray narrow = makeJpeg(drawPicture(16, 20), {.jfif = false});
+    const QByteArray gap(50, 'x');
+    write(path("raw/a.Cr3"), gap + wide + gap + narrow + gap + narrow + gap);
+    write(path("raw/b.nef"), gap + narrow + gap);
+    write(path("raw/c.mrw"), gap);
+    const BatchCall call({"--to", path("to"), path("raw")});
+    QCOMPARE(call.status, exitStatus::SomeGaveNothing);
+    QVERIFY2(call.out.contains("Results: 4, 0 repaired, 4 extracted, 0 thumbnails."), qPrintable(call.out));
+    QVERIFY2(call.out.contains("by the carve"), qPrintable(call.out));
+    QVERIFY2(call.out.contains("c.mrw: No usable picture was found inside the file."), qPrintable(call.out));
+    const QString saved = "RepairedFiles/";
+    QCOMPARE(filesBelow(path("to")),
+             QStringList({saved + "a_1.jpg", saved + "a_2.jpg", saved + "a_3.jpg", saved + "b_1.jpg"}));
+    QCOMPARE(contents(path("to/RepairedFiles/a_3.jpg")), wide);
+    for (QString *name : {&pApp->strCr3FullName, &pApp->strCr3PreviewName, &pApp->strCr3ThumbName}) name->clear();
 }
 
 void TestBatchResults::samplePass()

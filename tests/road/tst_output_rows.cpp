@@ -33,6 +33,8 @@ class TestOutputRows : public QObject
 private slots:
     void rows_data();
     void rows();
+    void rawRows_data();
+    void rawRows();
     void rowsResolveTheirFiles();
     void sampleRows_data();
     void sampleRows();
@@ -98,6 +100,63 @@ void TestOutputRows::rows()
             QCOMPARE(QString("%1x%2").arg(decodedFile(row.path).height()).arg(decodedFile(row.path).width()),
                      row.resolution);
     }
+}
+
+void TestOutputRows::rawRows_data()
+{
+    QTest::addColumn<QVector<int>>("widths"); // of the pictures in their order; 0 for one that doesn't decode
+    QTest::addColumn<QStringList>("expected");
+    // Pictures are as high as 10 and their number, so that an exchanged resolution shows.
+    const auto row = [](const QVector<int> &widths, const QStringList &expected) {
+        QStringList name;
+        for (const int width : widths) name << QString::number(width);
+        QTest::newRow(qPrintable("widths " + name.join(' '))) << widths << expected;
+    };
+    row({}, {""});
+    row({40}, {"5", "1 Extracted 11x40 4"});
+    row({0}, {"5", "1 Extracted 0x0 4"});
+    row({40, 24}, {"5", "1 Extracted 11x40 4", "2 Thumbnail 12x24 4"});
+    row({100, 99}, {"5", "1 Extracted 11x100 4", "2 Thumbnail 12x99 4"});
+    row({99, 100}, {"5", "1 Extracted 12x100 4", "2 Thumbnail 11x99 4"});
+    row({40, 40}, {"5", "1 Extracted 11x40 4", "2 Extracted 12x40 4"});
+    row({0, 24}, {"5", "1 Extracted 12x24 4", "2 Thumbnail 0x0 4"});
+    row({0, 0}, {"5", "1 Extracted 0x0 4", "2 Extracted 0x0 4"});
+    row({100, 40, 24}, {"5", "1 Extracted 11x100 4", "2 Thumbnail 12x40 4", "3 Thumbnail 13x24 4"});
+    row({100, 24, 99}, {"5", "1 Extracted 11x100 4", "2 Thumbnail 12x24 4", "3 Thumbnail 13x99 4"});
+    // A third one that isn't the narrowest is called nothing, and the two in front keep what they were called.
+    row({40, 24, 40}, {"5", "1 Extracted 11x40 4", "2 Thumbnail 12x24 4", "3  13x40 "});
+    row({24, 40, 8}, {"5", "1 Extracted 12x40 4", "2 Thumbnail 11x24 4", "3  13x8 "});
+    row({40, 40, 24}, {"5", "1 Extracted 11x40 4", "2 Extracted 12x40 4", "3  13x24 "});
+    row({0, 0, 24}, {"5", "1 Extracted 0x0 4", "2 Extracted 0x0 4", "3  13x24 "});
+}
+
+void TestOutputRows::rawRows()
+{
+    QFETCH(QVector<int>, widths);
+    QFETCH(QStringList, expected);
+    const Run run;
+    // The suffix decides, and no part of a raw file's name: "_[T4]" hides a JPEG's output alone.
+    for (const QString base : {"a", "a_[T4]", "a_[T2]"}) {
+        FileOutcome outcome;
+        outcome.suffix = "cR3";
+        for (int i = 0; i < widths.size(); ++i) {
+            outcome.results << QString("%1_%2.jpg").arg(base).arg(i + 1);
+            write(pApp->strTempDir + outcome.results.last(), widths[i] ? pictureOf(widths[i], 11 + i) : filler(90));
+        }
+        const OutputRows rows = makeRows(outcome);
+        QStringList found{rows.sourceStatus};
+        for (const OutputRow &row : rows.rows) {
+            found << QStringList{row.name.mid(base.size() + 1, 1), row.type, row.resolution, row.statusCode}.join(' ');
+            QCOMPARE(row.path, pApp->strTempDir + row.name);
+            QCOMPARE(row.thumbnail, row.type == "Thumbnail");
+        }
+        QCOMPARE(found, expected);
+    }
+    // With "_[T1]" in it the list is read backwards, as for any source.
+    FileOutcome outcome;
+    outcome.suffix = "nrw";
+    outcome.results = QStringList{"b_[T1]_1.jpg", "b_[T1]_2.jpg"};
+    QCOMPARE(makeRows(outcome).rows[0].name, QString("b_[T1]_2.jpg"));
 }
 
 void TestOutputRows::rowsResolveTheirFiles()
