@@ -54,10 +54,11 @@ bool writeRawImage(FileWindow &file, quint64 start, quint32 length, const QStrin
         QFile::remove(path); // half a picture would pass for a whole one
         return false;
     }
-    OutputReport output{name, path, way, QSize()};
+    OutputReport output{name, path, way, QSize(), QImage()};
     if (!stopRequested()) {
         const Verdict verdict = judgeJpeg(path);
         output.size = verdict.size;
+        output.icon = verdict.icon;
         if (!verdict.decodes) pApp->report.decoderRefused = true;
         if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning;
     }
