@@ -80,6 +80,7 @@ BrowseRepair::BrowseRepair(QWidget *parent)
     orderFocus();
     ui->graphicsView->setFixedSize(430, 290);
     pApp->bFirstScreen = true;
+    pDropButton->setFocus();
 }
 
 BrowseRepair::~BrowseRepair()
@@ -126,6 +127,7 @@ void BrowseRepair::buildTrees()
     pFileList->setObjectName(QStringLiteral("pFileList"));
     pFileList->setColumnCount(0);
     pFileList->setHeaderHidden(true);
+    pFileList->setFocusPolicy(Qt::NoFocus); // empty as yet
     pFileList->setGeometry(25, 240, 800, 280);
     pFileList->setAttribute(Qt::WA_MacShowFocusRect,
                             false); // the current row shows the focus, not a ring around the list

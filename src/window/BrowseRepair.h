@@ -34,6 +34,7 @@ class QAbstractButton;
 class QLabel;
 class QPushButton;
 class QTimer;
+class QTreeWidget;
 class QTreeWidgetItem;
 class Ui_BrowseRepairObj;
 struct FileOutcome;
@@ -165,6 +166,7 @@ private:
 
     // File list
     bool AlreadyAdded(QString path);
+    void setListWidths(int size, int date);
     void takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon);
     void fillRow(QTreeWidgetItem *item, const QString &path, bool withIcon);
     void setUpList(const QRect &geometry, const QStringList &headers);
@@ -174,6 +176,8 @@ private:
 
     // A run: on the main thread
     void setUpResultTree();
+    /// Widens the columns whose header has longer words than the columns were made for.
+    static void widenForHeaders(QTreeWidget *tree);
     void RepairFilesProcess();
     void startRun(RunPlan plan);
     void addSourceRow(QTreeWidgetItem *listRow);

@@ -8,6 +8,11 @@ CustomButton::CustomButton(quint32 id, QWidget *parent) : QPushButton(parent), n
     });
 }
 
+void CustomButton::setVisible(bool visible)
+{
+    QPushButton::setVisible(visible && !text().isEmpty());
+}
+
 void CustomButton::mousePressEvent(QMouseEvent *event)
 {
     QPushButton::mousePressEvent(event);

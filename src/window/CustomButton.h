@@ -11,6 +11,9 @@ public:
     explicit CustomButton(quint32 id, QWidget *parent = nullptr);
     quint32 nId = 0;
 
+    /// A button without words is never shown: the tree shows every cell widget that it lays out.
+    void setVisible(bool visible) override;
+
 signals:
     /// Pressed by the mouse, or clicked by the keyboard or an assistive tool.
     void MousePressed(unsigned int id);

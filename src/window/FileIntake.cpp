@@ -105,11 +105,8 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
                   {tr("  File Name"), tr("  Path"), tr(" Size (KB)"), QStringLiteral("FileID"),
                    QStringLiteral("ParentID"), QStringLiteral("Status"), QStringLiteral("TemporaryPath"),
                    tr(" Modified Date"), tr(" Created Date")});
-        const int widths[] = {150, 150, 90};
-        for (int i = 0; i < 3; ++i) pFileList->setColumnWidth(i, widths[i]);
-        pFileList->setColumnWidth(Modified, 165);
-        pFileList->setColumnWidth(Created, 165);
         pFileList->setFont(look::font(QStringLiteral("Lucida Grande"), 12));
+        setListWidths(90, 165);
     }
     takePaths(paths, dialogSuffixes(), true);
     showFilledList();
@@ -134,11 +131,8 @@ void BrowseRepair::SetItemInTreeWidget(QStringList paths)
                    QStringLiteral("ParentID"), QStringLiteral("Status"), QStringLiteral("TemporaryPath"),
                    tr("Modified date"), tr("Created date")});
         pFileList->setSortingEnabled(true);
-        const int widths[] = {150, 150, 100};
-        for (int i = 0; i < 3; ++i) pFileList->setColumnWidth(i, widths[i]);
-        pFileList->setColumnWidth(Modified, 150);
-        pFileList->setColumnWidth(Created, 150);
         pFileList->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 13));
+        setListWidths(100, 150);
     }
     takePaths(paths, dropSuffixes(), false);
     showFilledList();
@@ -151,6 +145,7 @@ void BrowseRepair::setUpList(const QRect &geometry, const QStringList &headers)
 {
     bListSetUp = true;
     pFileList->pDropArea->hide();
+    pFileList->setFocusPolicy(Qt::StrongFocus);
     pFileList->setHeaderHidden(false);
     pFileList->setColumnCount(ListColumns);
     pFileList->setHeaderLabels(headers);
@@ -163,6 +158,20 @@ void BrowseRepair::setUpList(const QRect &geometry, const QStringList &headers)
     pFileList->setRootIsDecorated(false);
     pFileList->setIconSize(QSize(16, 16));
     for (int column = FileId; column <= TemporaryPath; ++column) pFileList->setColumnHidden(column, true);
+}
+
+void BrowseRepair::setListWidths(int size, int date)
+{
+    pFileList->setColumnWidth(Name, 150);
+    pFileList->setColumnWidth(Path, 150);
+    pFileList->setColumnWidth(Size, size);
+    // A wide substitute of the font must not cost the seconds of a date.
+    const QString longest = dateText(QDateTime(QDate(2026, 12, 30), QTime(22, 58, 58)));
+    const QFontMetrics metrics(look::font(QStringLiteral("Lucida Grande"), 12, QFont::Normal));
+    const int needed = metrics.horizontalAdvance(longest) + 10;
+    pFileList->setColumnWidth(Modified, std::max(date, needed));
+    pFileList->setColumnWidth(Created, std::max(date, needed));
+    widenForHeaders(pFileList);
 }
 
 void BrowseRepair::takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon)

@@ -53,7 +53,16 @@ void BrowseRepair::setUpResultTree()
     pResultTree->setColumnWidth(column::Type, 140);
     pResultTree->header()->setMinimumSectionSize(40);
     pResultTree->setColumnWidth(column::Resolution, 80); // and what is left
+    widenForHeaders(pResultTree);
     pResultTree->setIndentation(12);
+}
+
+void BrowseRepair::widenForHeaders(QTreeWidget *tree)
+{
+    for (int i = 0; i < tree->columnCount(); ++i) {
+        if (tree->isColumnHidden(i)) continue;
+        tree->setColumnWidth(i, std::max(tree->columnWidth(i), tree->header()->sectionSizeHint(i)));
+    }
 }
 
 void BrowseRepair::addSourceRow(QTreeWidgetItem *listRow)
@@ -74,7 +83,7 @@ void BrowseRepair::addSourceRow(QTreeWidgetItem *listRow)
     button->setStyleSheet(QStringLiteral("border:none"));
     button->setCursor(Qt::PointingHandCursor);
     button->setAccessibleName(tr("Advance repair") + ' ' + listRow->text(0));
-    button->hide(); // has no words yet
+    button->setEnabled(false); // has no words yet
     pResultTree->setItemWidget(row, column::Type, button);
     connect(button, &CustomButton::MousePressed, this, &BrowseRepair::OnClickAddReference);
     lstRowButtons.append({nNextButtonId, listRow->text(0), button});
