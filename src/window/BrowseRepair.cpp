@@ -160,6 +160,7 @@ void BrowseRepair::setStyleSheet()
     ui->label_4->setStyleSheet(QStringLiteral("background-color: transparent;"));
     ui->label->setStyleSheet(QStringLiteral("background-color: transparent;"));
     ui->graphicsView->setFrameShape(QFrame::NoFrame);
+    ui->graphicsView->viewport()->setFocusPolicy(Qt::NoFocus); // nothing in it can be used
     ui->label_3->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 19));
     ui->label_5->setFont(look::font(QStringLiteral("Helvetica neue"), 13));
 }

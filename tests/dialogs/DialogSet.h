@@ -4,9 +4,9 @@
 #include "desktop/FileChooser.h"
 #include "desktop/platform/Platform.h"
 #include "dialogs/FramelessDialog.h"
+#include "support/WordyTranslator.h"
 
 #include <QStringList>
-#include <QTranslator>
 
 #include <functional>
 #include <memory>
@@ -47,14 +47,6 @@ public:
     void endPreviewHelper(unsigned int) override {}
     bool startApplication(const QString &) override { return false; }
     QString destinationRefusal(const QString &) override { return {}; }
-};
-
-/// A language in which every word is a good 40 % longer than in English.
-class WordyTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *source, const char *, int) const override;
 };
 
 struct DialogCase

@@ -22,13 +22,15 @@ void bringTo(WindowRoom &room, State state)
     QVERIFY(QTest::qWaitForWindowActive(room.window.get()));
     if (state == State::Empty) return;
     QStringList paths{room.source("a.jpg", photos::withThumbnail()), room.source("b.jpg", photos::scanOnly())};
+    static const QByteArray longWork = photos::longWork();
     for (int i = 0; state == State::Running && i < 40; ++i)
-        paths << room.source(QString("long%1.jpg").arg(i), photos::longWork());
+        paths << room.source(QString("long%1.jpg").arg(i), longWork);
     room.add(paths);
     if (state == State::Listed) return;
     if (state == State::Done) {
         QVERIFY(room.repair());
-        QVERIFY(QTest::qWaitForWindowActive(room.window.get()));
+        room.window->activateWindow(); // where no window manager does it behind a dialog
+        QTRY_COMPARE(QApplication::activeWindow(), room.window.get());
         room.clickRow(room.row("a.jpg", true));
         QTRY_VERIFY(room.find<QWidget>("graphicsView")->isVisible());
         return;
@@ -63,7 +65,9 @@ QString complaintOfFocus(QWidget *focus)
     if (reader->text(QAccessible::Name).trimmed().isEmpty()) wrong += nameOf(focus) + " has no name; ";
     if (reader->role() == QAccessible::NoRole || reader->role() == QAccessible::Client)
         wrong += nameOf(focus) + " has no role; ";
-    if (!reader->state().focused) wrong += nameOf(focus) + " isn't told to have the focus; ";
+    // The toolkit never says it of a list, but of the row in it.
+    if (!reader->state().focused && !qobject_cast<QAbstractItemView *>(focus))
+        wrong += nameOf(focus) + " isn't told to have the focus; ";
     const auto *button = qobject_cast<const QAbstractButton *>(focus);
     if (button && button->objectName() == "rowButton" && button->text().isEmpty())
         wrong += "a button that nobody sees takes the focus; ";
@@ -85,7 +89,8 @@ QString cutText(const QWidget *widget)
         needed = label->wordWrap() ? QSize(label->minimumSizeHint().width(), label->heightForWidth(label->width()))
                                    : label->sizeHint();
     } else if (const auto *button = qobject_cast<const QAbstractButton *>(widget)) {
-        if (button->text().isEmpty()) return {};
+        // A row's button has a fixed width; its words are measured in the languages that there are.
+        if (button->text().isEmpty() || button->objectName() == "rowButton") return {};
         QStyleOptionButton option;
         option.initFrom(button);
         has = button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button).size();
@@ -107,6 +112,19 @@ QString cutHeaders(const QHeaderView *header)
         const int needed = header->sectionSizeHint(i);
         if (header->sectionSize(i) >= needed) continue;
         cut += QString("header \"%1\" needs %2 and has %3; ").arg(text).arg(needed).arg(header->sectionSize(i));
+    }
+    return cut;
+}
+
+/// Cells of the file list that are meant to be whole; names and paths are cut in their middle.
+QString cutCells(const QTreeWidget *list)
+{
+    QString cut;
+    const QAbstractItemView *view = list;
+    for (const int column : {2, 7, 8}) { // size, modified, created
+        const int needed = view->sizeHintForColumn(column);
+        if (list->topLevelItemCount() == 0 || list->columnWidth(column) >= needed) continue;
+        cut += QString("column %1 needs %2 and has %3; ").arg(column).arg(needed).arg(list->columnWidth(column));
     }
     return cut;
 }
@@ -135,6 +153,7 @@ QString layoutFaults(const WindowRoom &room)
         faults += cutText(widget);
         if (const auto *header = qobject_cast<const QHeaderView *>(widget)) faults += cutHeaders(header);
     }
+    if (room.list()->isVisible()) faults += cutCells(room.list());
     for (const char *name : {"frame", "frame2"})
         if (const auto *page = room.find<QWidget>(name); page->isVisible()) faults += misplaced(page);
     return faults;
@@ -206,10 +225,11 @@ void TestAccessible::tabGoesThroughThePage()
     QCOMPARE(wrong, QString());
     QCOMPARE(reached.join(' '), order);
     // Nothing that can be used is left out.
-    int stops = 0;
+    QStringList missed;
     for (const QWidget *widget : room.window->findChildren<QWidget *>())
-        if (widget->window() == room.window.get() && isTabStop(widget)) ++stops;
-    QCOMPARE(stops, reached.size());
+        if (widget->window() == room.window.get() && isTabStop(widget) && !reached.contains(nameOf(widget)))
+            missed << nameOf(widget) + " " + widget->metaObject()->className();
+    QCOMPARE(missed.join(", "), QString());
 }
 
 void TestAccessible::unseenRowsHaveNoButton()

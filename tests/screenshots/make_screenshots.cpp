@@ -1,0 +1,179 @@
+// Brings the real window to each state, with the damaged pictures of samples/, and takes a picture of it and of each
+// dialog. Usage: make_screenshots [--all] FOLDER; without --all only the pictures that the project's documents show.
+// scripts/screenshots runs it on a screen of its own.
+#include "desktop/Languages.h"
+#include "desktop/Look.h"
+#include "desktop/Paths.h"
+#include "tables/TableLibrary.h"
+#include "window/Photos.h"
+#include "window/WindowRoom.h"
+
+#include <QGraphicsView>
+#include <QLabel>
+#include <QTextStream>
+
+namespace {
+
+/// The pictures that the project's documents show.
+const QStringList kept{"files", "results", "dialog-sample", "dialog-file-exists"};
+
+class Album
+{
+public:
+    Album(const QString &folder, bool all) : m_folder(folder), m_all(all) {}
+
+    void take(QWidget *widget, const QString &name)
+    {
+        if (!m_all && !kept.contains(name)) return;
+        // For the focus to show; a window that isn't on the screen yet can't get it.
+        if (!QTest::qWaitForWindowExposed(widget)) miss(name + " isn't shown");
+        widget->activateWindow();
+        if (!QTest::qWaitFor([widget] { return QApplication::activeWindow() == widget; }))
+            miss(name + " doesn't become active");
+        const QString path = m_folder.filePath(name + ".png");
+        // Without transparency and packed as tightly as the format can: the files are part of the project.
+        if (!widget->grab().toImage().convertToFormat(QImage::Format_RGB888).save(path, "PNG", 0))
+            miss("can't write " + path);
+    }
+    /// For a line of a script.
+    std::function<void(QDialog *)> taking(const QString &name)
+    {
+        return [this, name](QDialog *dialog) { take(dialog, name); };
+    }
+    void check(bool reached, const QString &what)
+    {
+        if (!reached) miss("didn't get to: " + what);
+    }
+    void close(const WindowRoom &room)
+    {
+        if (!room.complaint().isEmpty()) miss(room.complaint());
+    }
+    bool whole() const { return m_whole; }
+
+private:
+    void miss(const QString &what)
+    {
+        m_whole = false;
+        QTextStream(stderr) << "make_screenshots: " << what << '\n';
+    }
+
+    QDir m_folder;
+    bool m_all;
+    bool m_whole = true;
+};
+
+QStringList samples(const WindowRoom &room)
+{
+    const QDir folder(KESMIRA_SOURCE_DIR "/samples");
+    QStringList paths;
+    for (const QString &name : folder.entryList({"*.jpg"}, QDir::Files, QDir::Name))
+        paths << room.source(name, RunFolder::bytesOf(folder.filePath(name)));
+    return paths;
+}
+
+void fileList(Album &album)
+{
+    WindowRoom room;
+    album.take(room.window.get(), "empty");
+    const QStringList paths = samples(room);
+    room.add(paths);
+    room.list()->setCurrentItem(room.list()->topLevelItem(2));
+    album.take(room.window.get(), "files");
+    room.script.expect("MessageBox", "OkBtn", album.taking("dialog-message"));
+    room.add(paths.mid(0, 1));
+    album.close(room);
+}
+
+void run(Album &album)
+{
+    WindowRoom room;
+    QStringList paths = samples(room);
+    for (int i = 0; i < 60; ++i) paths << room.source(QString("IMG_%1.JPG").arg(1200 + i), photos::longWork());
+    room.add(paths);
+    room.click("StartRepairFilesBtn");
+    album.check(QTest::qWaitFor([&] { return room.tree()->topLevelItem(15)->childCount() > 0; }, 60000), "a run");
+    album.take(room.window.get(), "run");
+    room.script.expect("StopDlg", "YesBtn", album.taking("dialog-stop"));
+    room.click("StopRepairProcessBtn_2");
+    album.check(room.rest(), "the end of a stopped run");
+    album.take(room.window.get(), "stopped");
+    album.close(room);
+}
+
+void withSample(Album &album, WindowRoom &room, const QString &failed)
+{
+    room.chooser.answers.push_back({room.source("healthy/IMG_0413.JPG", photos::sample())});
+    room.script.expect("AdvancedRepairDlg", "NextBtn", album.taking("dialog-advanced"));
+    room.script.expect("ReferenceFileDlg", "CancelBtn", [&album](QDialog *dialog) {
+        album.take(dialog, "dialog-sample-empty");
+        dialog->findChild<QAbstractButton *>("BrowseBtn")->click();
+        album.take(dialog, "dialog-sample");
+    });
+    QTest::mouseClick(room.rowButton(failed), Qt::LeftButton);
+    album.check(room.rest(), "the dialogs of the sample");
+}
+
+void saving(Album &album, WindowRoom &room)
+{
+    room.chooser.answers.push_back({room.destination()});
+    room.script.expect("SavingFinishDlg", "OkBtn", album.taking("dialog-saved"));
+    album.check(room.click("SaveRepairBtn_2"), "saving");
+    room.click("checkBox1_2"); // saving has taken the marks away
+    room.chooser.answers.push_back({room.destination()});
+    room.script.expect("FolderExist", "OverwriteBtn", album.taking("dialog-folder-exists"));
+    room.script.expect("AlreadyExistFileDlg", "SkipAllBtn", album.taking("dialog-file-exists"));
+    room.script.expect("SavingFinishDlg", "OkBtn");
+    album.check(room.click("SaveRepairBtn_2"), "saving again");
+}
+
+void results(Album &album)
+{
+    WindowRoom room;
+    const QString failed = "IMG_0412.JPG";
+    QStringList paths = samples(room);
+    paths.insert(2, room.source(failed, photos::scanOnly()));
+    room.add(paths);
+    room.script.expect("CompletionMsg", "OkBtn", album.taking("dialog-completion"));
+    room.click("StartRepairFilesBtn");
+    album.check(room.rest(), "results");
+    album.take(room.window.get(), "results-first");
+    room.clickRow(room.row("damaged-three-tables.jpg", true));
+    auto *view = room.find<QGraphicsView>("graphicsView");
+    album.check(QTest::qWaitFor([view] { return view->isVisible(); }, 10000), "a preview");
+    room.tree()->scrollToTop();
+    album.take(room.window.get(), "results");
+    room.clickRow(room.row(failed));
+    auto *label = room.find<QLabel>("Preview_Label");
+    album.check(QTest::qWaitFor([label] { return label->isVisible(); }, 10000), "the row without a preview");
+    album.take(room.window.get(), "results-failed");
+    withSample(album, room, failed);
+    saving(album, room);
+    room.script.expect("BackApplicationDlg", "NoBtn", album.taking("dialog-back"));
+    album.check(room.click("BackBtn_2"), "back");
+    room.script.expect("CloseApplicationDlg", "NoBtn", album.taking("dialog-exit"));
+    album.check(room.click("closeBtn"), "exit");
+    album.close(room);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Kesmira"));
+    look::apply(application);
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    const bool all = arguments.removeAll("--all") > 0;
+    if (arguments.size() != 1 || !QDir().mkpath(arguments.first())) {
+        QTextStream(stderr) << "Usage: make_screenshots [--all] FOLDER\n";
+        return 2;
+    }
+    checkBuiltInTables();
+    Album album(arguments.first(), all);
+    fileList(album);
+    if (all) run(album);
+    results(album);
+    return album.whole() ? 0 : 1;
+}
