@@ -180,7 +180,9 @@ private:
     static void widenForHeaders(QTreeWidget *tree);
     void RepairFilesProcess();
     void startRun(RunPlan plan);
-    void addSourceRow(QTreeWidgetItem *listRow);
+    QTreeWidgetItem *makeSourceRow(const QTreeWidgetItem *listRow);
+    /// The button of a source row, made at the first call.
+    CustomButton *makeButton(int index);
     void addOutputRow(QTreeWidgetItem *source, const OutputRow &row, bool leftAligned, bool withResolution);
     /// The word of an output row in the language of the interface.
     static QString typeText(const QString &type);
@@ -212,7 +214,7 @@ private:
     // Results
     void showButtonsByStatus();
     void makeAdvanceButton(QPushButton *button, const QString &text);
-    /// The button of a source row; null for other rows.
+    /// The button of a source row; null for other rows and for one that has never needed a button.
     CustomButton *buttonOf(const QTreeWidgetItem *row) const;
     void countChecks();
     void previewRow(QTreeWidgetItem *item);

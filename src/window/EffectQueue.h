@@ -1,7 +1,9 @@
 // What the worker does to the window: a line of effects that the main thread runs in their order.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <deque>
 #include <functional>
@@ -14,17 +16,25 @@ class EffectQueue : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    EffectQueue();
     void post(std::function<void()> effect);
     /// Drops the effects that haven't run.
     void clear();
 
 private:
-    Q_INVOKABLE void drain();
+    /// Drains now, or a little later where it has only just been done: whatever an effect changes is laid out and painted
+    /// once for all that came meanwhile.
+    Q_INVOKABLE void pace();
+    void drain();
     /// Asks the main thread to come by. With m_mutex held.
     void wake();
 
     std::mutex m_mutex;
     std::deque<std::function<void()>> m_effects;
     bool m_wakePending = false;
+
+    // The main thread's own
+    QTimer m_timer;
+    QElapsedTimer m_sinceDrain;
+    bool m_moreToDo = false; ///< the last drain ended because its time was up
 };

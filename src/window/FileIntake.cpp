@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -183,15 +184,28 @@ void BrowseRepair::takePaths(const QStringList &paths, const QStringList &suffix
     QSet<QString> known;
     for (int i = 0; i < pFileList->topLevelItemCount(); ++i)
         known.insert(pFileList->topLevelItem(i)->text(Path).toCaseFolded());
+    QList<QTreeWidgetItem *> rows; // given to the list some at a time: it is laid out anew for each gift
+    QElapsedTimer sinceGift;
+    sinceGift.start();
+    const auto give = [&] {
+        pFileList->addTopLevelItems(rows);
+        rows.clear();
+        sinceGift.start();
+    };
     for (const QString &path : paths) {
+        if (sinceGift.elapsed() > 100) give();
         // The window is drawn meanwhile; a click waits until the list is whole.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        if (known.contains(path.toCaseFolded()) && AlreadyAdded(path)) continue;
+        if (known.contains(path.toCaseFolded())) {
+            give();
+            if (AlreadyAdded(path)) continue;
+        }
         pApp->strFileSuffix = QFileInfo(path).suffix();
         const bool taken =
             withIcon ? suffixes.contains(pApp->strFileSuffix.toUpper()) : suffixes.contains(pApp->strFileSuffix);
         if (withIcon && !taken) continue;
-        auto *item = new QTreeWidgetItem(pFileList);
+        auto *item = new QTreeWidgetItem;
+        rows << item;
         if (taken) {
             fillRow(item, path, withIcon);
             known.insert(path.toCaseFolded());
@@ -201,6 +215,7 @@ void BrowseRepair::takePaths(const QStringList &paths, const QStringList &suffix
         }
         ui->AddFilesBtn->setEnabled(false);
     }
+    give();
     pFileList->setSortingEnabled(sorted);
 }
 

@@ -95,13 +95,13 @@ void BrowseRepair::showButtonsByStatus()
     for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
         const QTreeWidgetItem *row = pResultTree->topLevelItem(i);
         CustomButton *button = buttonOf(row);
-        if (!button) continue;
         if (hasStatus(row, {status::Invalid, status::StoppedSample, status::Queued})) {
-            makeAdvanceButton(button, tr("Advance Repair"));
-        } else if (hasStatus(row, {status::Sample, status::Output, status::Repaired})) {
+            makeAdvanceButton(makeButton(i), tr("Advance Repair"));
+        } else if (button && hasStatus(row, {status::Sample, status::Output, status::Repaired})) {
             button->hide();
             button->setEnabled(false);
         } else if (hasStatus(row, {status::Stopped})) {
+            button = makeButton(i);
             button->setText(tr("Aborted"));
             button->setStyleSheet(QStringLiteral("text-align: left;"));
             button->show();

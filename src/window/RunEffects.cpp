@@ -1,5 +1,6 @@
 // What a run does to the window, on the main thread.
 #include "app/KesmiraApp.h"
+#include "desktop/Languages.h"
 #include "desktop/Look.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
@@ -113,6 +114,7 @@ void BrowseRepair::SwitchToOriginalState()
 void BrowseRepair::DisplaySavedItems()
 {
     ui->frame->hide();
+    ui->Preview_Label->setPixmap(look::picture(placeholderPicture(), devicePixelRatioF()));
     ui->Preview_Label->show();
     ui->frame2->show();
     ui->StopRepairProcessBtn_2->show();
@@ -152,6 +154,7 @@ void BrowseRepair::OnshowCustomButton(unsigned int index)
 {
     if (index >= unsigned(lstRowButtons.size())) return;
     CustomButton *button = lstRowButtons[int(index)].pButton;
+    if (!button) return;
     button->setText(QString());
     button->hide();
     button->setEnabled(false);
@@ -160,20 +163,23 @@ void BrowseRepair::OnshowCustomButton(unsigned int index)
 void BrowseRepair::OnsetCustomButton(unsigned int number)
 {
     if (number == 0 || number > unsigned(lstRowButtons.size())) return;
-    makeAdvanceButton(lstRowButtons[int(number) - 1].pButton, tr("Advance repair"));
+    makeAdvanceButton(makeButton(int(number) - 1), tr("Advance repair"));
 }
 
 void BrowseRepair::makeAdvanceButton(QPushButton *button, const QString &text)
 {
-    QFont font = look::font(QStringLiteral("Helvetica neue Medium"), 12);
-    font.setUnderline(true);
-    button->setFont(font);
-    QPalette colours = button->palette();
-    colours.setColor(QPalette::ButtonText, colours.color(QPalette::Link));
-    button->setPalette(colours);
+    const QString style = QStringLiteral("text-align: left; padding: 1 5px ;background:transparent");
     button->setText(text);
-    button->setProperty("role", "link");
-    button->setStyleSheet(QStringLiteral("text-align: left; padding: 1 5px ;background:transparent"));
+    if (button->styleSheet() != style) {
+        QFont font = look::font(QStringLiteral("Helvetica neue Medium"), 12);
+        font.setUnderline(true);
+        button->setFont(font);
+        QPalette colours = button->palette();
+        colours.setColor(QPalette::ButtonText, colours.color(QPalette::Link));
+        button->setPalette(colours);
+        button->setProperty("role", "link");
+        button->setStyleSheet(style);
+    }
     button->show();
     button->setEnabled(true);
 }

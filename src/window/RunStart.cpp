@@ -23,8 +23,10 @@ void BrowseRepair::OnSaveWindow()
     setUpResultTree();
 
     nSelectedCount = 0;
+    QList<QTreeWidgetItem *> rows;
     for (int i = 0; i < pFileList->topLevelItemCount(); ++i)
-        if (pFileList->topLevelItem(i)->checkState(0) == Qt::Checked) addSourceRow(pFileList->topLevelItem(i));
+        if (pFileList->topLevelItem(i)->checkState(0) == Qt::Checked) rows << makeSourceRow(pFileList->topLevelItem(i));
+    pResultTree->addTopLevelItems(rows);
 
     ui->checkBox1_2->setEnabled(false);
     ui->checkBox1_2->setCheckState(Qt::Unchecked);
@@ -65,9 +67,9 @@ void BrowseRepair::widenForHeaders(QTreeWidget *tree)
     }
 }
 
-void BrowseRepair::addSourceRow(QTreeWidgetItem *listRow)
+QTreeWidgetItem *BrowseRepair::makeSourceRow(const QTreeWidgetItem *listRow)
 {
-    auto *row = new QTreeWidgetItem(pResultTree);
+    auto *row = new QTreeWidgetItem;
     row->setText(column::Name, listRow->text(0));
     row->setToolTip(column::Name, listRow->text(1));
     row->setText(column::Path, listRow->text(1));
@@ -75,20 +77,28 @@ void BrowseRepair::addSourceRow(QTreeWidgetItem *listRow)
     row->setSizeHint(column::Name, QSize(15, 15));
     row->setText(column::ButtonId, QString::number(nNextButtonId));
     row->setText(column::IsSource, QStringLiteral("1"));
-
-    auto *button = new CustomButton(nNextButtonId);
-    button->setObjectName(QStringLiteral("rowButton"));
-    button->setFlat(true);
-    button->setFixedSize(140, 20);
-    button->setStyleSheet(QStringLiteral("border:none"));
-    button->setCursor(Qt::PointingHandCursor);
-    button->setAccessibleName(tr("Advance repair") + ' ' + listRow->text(0));
-    button->setEnabled(false); // has no words yet
-    pResultTree->setItemWidget(row, column::Type, button);
-    connect(button, &CustomButton::MousePressed, this, &BrowseRepair::OnClickAddReference);
-    lstRowButtons.append({nNextButtonId, listRow->text(0), button});
+    lstRowButtons.append({nNextButtonId, listRow->text(0), nullptr});
     ++nNextButtonId;
     ++nSelectedCount;
+    return row;
+}
+
+CustomButton *BrowseRepair::makeButton(int index)
+{
+    // Most rows never need one, and a tree with thousands of widgets in its cells is slow to lay out.
+    RefScan &entry = lstRowButtons[index];
+    if (entry.pButton) return entry.pButton;
+    entry.pButton = new CustomButton(entry.nId);
+    entry.pButton->setObjectName(QStringLiteral("rowButton"));
+    entry.pButton->setFlat(true);
+    entry.pButton->setFixedSize(140, 20);
+    entry.pButton->setStyleSheet(QStringLiteral("border:none"));
+    entry.pButton->setCursor(Qt::PointingHandCursor);
+    entry.pButton->setAccessibleName(tr("Advance repair") + ' ' + entry.strName);
+    entry.pButton->setToolTip(sourceRow(index)->toolTip(column::Name));
+    pResultTree->setItemWidget(sourceRow(index), column::Type, entry.pButton);
+    connect(entry.pButton, &CustomButton::MousePressed, this, &BrowseRepair::OnClickAddReference);
+    return entry.pButton;
 }
 
 void BrowseRepair::RepairFilesProcess()

@@ -241,7 +241,8 @@ void TestAccessible::unseenRowsHaveNoButton()
     QFile::remove(vanished);
     QVERIFY(room.repair());
     QVERIFY(room.rowButton("b.jpg")->isVisible());
-    QVERIFY(!room.rowButton("gone.jpg")->isVisible());
+    const QAbstractButton *none = room.rowButton("gone.jpg");
+    QVERIFY(!none || !none->isVisible());
 }
 
 void TestAccessible::keys_data()

@@ -235,7 +235,7 @@ void TestWindow::wholeRun()
                           "gone.jpg||||", "a.jpg||5||", " Copy(1)_a.jpg|Repaired|4|x|32x48"}));
     QVERIFY(room.rowButton("b.jpg")->isVisible());
     QCOMPARE(room.rowButton("b.jpg")->text(), QString("Advance Repair"));
-    QVERIFY(!room.rowButton("a.jpg")->isVisible());
+    QVERIFY(!room.rowButton("a.jpg") || !room.rowButton("a.jpg")->isVisible());
     QVERIFY(room.row("b.jpg")->toolTip(0).contains("sample"));
     QVERIFY(room.row("gone.jpg")->toolTip(0).contains("can't be read"));
     QVERIFY(room.row("a.jpg", true)->toolTip(0).contains("rebuilt"));
