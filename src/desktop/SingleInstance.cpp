@@ -39,7 +39,8 @@ bool readMessage(const QByteArray &line, QStringList &paths)
 {
     const QJsonDocument document = QJsonDocument::fromJson(line);
     if (!document.object().value(kPathsKey).isArray()) return false;
-    for (const QJsonValue &path : document.object().value(kPathsKey).toArray()) {
+    const QJsonArray listed = document.object().value(kPathsKey).toArray();
+    for (const auto path : listed) {
         if (!path.isString() || !QDir::isAbsolutePath(path.toString())) return false;
         paths.append(path.toString());
     }

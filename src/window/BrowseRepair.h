@@ -62,7 +62,7 @@ public:
 public slots:
     // File list
     void AddFilesProcess();
-    void SetItemInTreeWidget(QStringList paths);
+    void SetItemInTreeWidget(const QStringList &paths);
     /// Adds files that were named outside of the window, as the dialog would. Paths of folders are passed over.
     void AddNamedFiles(const QStringList &paths);
     /// Another start of the program: shows the window and takes the files, now or once the file list is up again.
@@ -79,12 +79,12 @@ public slots:
     void DisplaySavedItems();
     void OnShowlabel();
     void OnSetCheckBoxEnabled();
-    void OnShowProgresslabel(QString text, QString percent);
+    void OnShowProgresslabel(const QString &text, const QString &percent);
     void OnSetFileProgressvalue(unsigned int value);
     void OnshowCustomButton(unsigned int index);
     void OnsetCustomButton(unsigned int number);
     void OnExpandThumb(QTreeWidgetItem *item);
-    void OnJPGCAll(QString text);
+    void OnJPGCAll(const QString &text);
     void OnHideProgressBar();
     void OnShowThumblabl();
     void OnThumbChbox();
@@ -98,7 +98,7 @@ public slots:
     void OnItemClicked(QTreeWidgetItem *item, int column);
     void OnSaveCheckBoxbtnClicked(bool checked);
     void OnThumbnailHideChkBox(bool checked);
-    void OnPreviewHEICFile(QString path);
+    void OnPreviewHEICFile(const QString &path);
     void OnQuickLookSlot();
     void SaveImage();
 
@@ -121,12 +121,12 @@ signals:
     void displayItem();
     void Showlabel();
     void SetCheckBoxEnabled();
-    void ShowProgressLabel(QString text, QString percent);
+    void ShowProgressLabel(const QString &text, const QString &percent);
     void SetFileProgressvalue(unsigned int value);
     void showCustomButton(unsigned int index);
     void setCustomButton(unsigned int number);
     void ExpandThumb(QTreeWidgetItem *item);
-    void msgShow(QString text);
+    void msgShow(const QString &text);
     void HideProgressBar();
     void ShowThumblabl();
     void ThumbChbox();
@@ -165,7 +165,7 @@ private:
     void setTitleLabels();
 
     // File list
-    bool AlreadyAdded(QString path);
+    bool AlreadyAdded(const QString &path);
     void setListWidths(int size, int date);
     void takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon);
     void fillRow(QTreeWidgetItem *item, const QString &path, bool withIcon);
@@ -234,7 +234,7 @@ private:
     // Saving
     bool CheckSizeOnDisk();
     void CopyFileNew();
-    bool DirCopy(QString workDir);
+    bool DirCopy(const QString &workDir);
     void saveTo(const QString &folder);
     void showRefusal(const QString &text);
 

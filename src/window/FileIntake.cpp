@@ -117,7 +117,7 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
     pApp->bFileListActive = true;
 }
 
-void BrowseRepair::SetItemInTreeWidget(QStringList paths)
+void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
 {
     if (m_takingFiles || !ui->frame->isVisibleTo(this)) return;
     lstPendingPaths = paths;
@@ -276,7 +276,7 @@ void BrowseRepair::showListState()
     }
 }
 
-bool BrowseRepair::AlreadyAdded(QString path)
+bool BrowseRepair::AlreadyAdded(const QString &path)
 {
     for (int i = 0; i < pFileList->topLevelItemCount(); ++i) {
         if (pFileList->topLevelItem(i)->text(Path).compare(path, Qt::CaseInsensitive) != 0) continue;

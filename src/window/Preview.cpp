@@ -78,7 +78,7 @@ void BrowseRepair::showNoPreview()
     ui->Preview_Label->show();
 }
 
-void BrowseRepair::OnPreviewHEICFile(QString path)
+void BrowseRepair::OnPreviewHEICFile(const QString &path)
 {
     const PreviewKind kind = platform().previewKind();
     if (kind == PreviewKind::None) {

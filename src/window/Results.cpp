@@ -181,11 +181,9 @@ void BrowseRepair::OnThumbnailHideChkBox(bool checked)
             QTreeWidgetItem *child = row->child(i);
             const bool output = hasStatus(child, {status::Output});
             // The first row of a repaired source is its main image.
-            if (i == 0 && repaired)
-                child->setHidden(false);
-            else if (output)
+            if (output && !(i == 0 && repaired))
                 child->setHidden(true);
-            else if (i > 0 && repaired)
+            else if (repaired)
                 child->setHidden(false);
         }
     }

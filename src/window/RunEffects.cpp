@@ -138,7 +138,7 @@ void BrowseRepair::OnSetCheckBoxEnabled()
     ui->checkBox1_2->setEnabled(false);
 }
 
-void BrowseRepair::OnShowProgresslabel(QString text, QString percent)
+void BrowseRepair::OnShowProgresslabel(const QString &text, const QString &percent)
 {
     ui->label_RepairFileName->setText(text);
     ui->Percnt_Label->setText(percent);
@@ -189,7 +189,7 @@ void BrowseRepair::OnExpandThumb(QTreeWidgetItem *item)
     item->setExpanded(true);
 }
 
-void BrowseRepair::OnJPGCAll(QString) {}
+void BrowseRepair::OnJPGCAll(const QString &) {}
 
 void BrowseRepair::OnHideProgressBar()
 {

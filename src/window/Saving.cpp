@@ -55,7 +55,7 @@ void BrowseRepair::CopyFileNew()
     DirCopy(pApp->strTempDir);
 }
 
-bool BrowseRepair::DirCopy(QString)
+bool BrowseRepair::DirCopy(const QString &)
 {
     QStringList names;
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)

@@ -35,7 +35,7 @@ QString scriptWord(const QString &path)
     QString result;
     for (const QChar letter : path) {
         if (letter == '\\') {
-            result += QLatin1String("\\\\\\");
+            result += QLatin1String(R"(\\\)");
         } else if (letter == '"' || letter == '$' || letter == '`') {
             result += '\\';
         }
