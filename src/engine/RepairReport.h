@@ -32,7 +32,7 @@ struct OutputReport
     QString name; ///< as it stands in lstResultNames
     QString path; ///< where the writer put it
     RepairWay way = RepairWay::Main;
-    QSize size; ///< width and height that the judge found; invalid where the written bytes were not the judged ones
+    QSize size;  ///< width and height that the judge found; invalid where the written bytes were not the judged ones
     QImage icon; ///< the judge's, null where there is no size
 };
 

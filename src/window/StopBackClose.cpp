@@ -71,17 +71,7 @@ void BrowseRepair::resetRunFields()
           &pApp->bSkipCurrentFile, &pApp->bOverwriteAll, &pApp->bRenameAll, &pApp->bSkipAllFiles})
         setFlag(*flag, false);
     pApp->nFileSize = 0;
-    pApp->bQuantNotFound = true;
-    pApp->bQuantPairPatched = false;
-    pApp->bQuantTriplePatched = false;
-    pApp->nHuffmanResultLength = 0;
-    pApp->nDhtCount = 0;
-    pApp->nDhtPart2 = 0;
-    pApp->nDhtPart3 = 0;
-    pApp->nDhtPart4 = 0;
-    pApp->nDqtLength = 0;
-    pApp->nDqtIndex = 0;
-    pApp->nDqt67Count = 0;
+    jpg_repair().EmptyMemoryAllocation();
     for (QString *text : {&pApp->strFileName, &pApp->strCurrentPath, &pApp->strRepairedPath, &pApp->strThumb1Path,
                           &pApp->strThumb2Path, &pApp->strTempCopyPath, &pApp->strBuiltPath})
         text->clear();
@@ -166,7 +156,6 @@ void BrowseRepair::closeEvent(QCloseEvent *event)
         WipeFolder().WipeFile(pApp->strTempDirName);
         removeWorkingFolders();
     }
-    jpg_repair().EmptyMemoryAllocation();
     pApp->nRepairOutputMode = 2;
     pApp->strTempDir.clear();
     resetRunFields();

@@ -3,7 +3,7 @@
 #include "app/KesmiraApp.h"
 #include "desktop/Languages.h"
 #include "desktop/Paths.h"
-#include "desktop/platform/Platform.h"
+#include "support/FakeDesktop.h"
 #include "support/Files.h"
 
 #include <QCoreApplication>
@@ -17,24 +17,6 @@ Q_DECLARE_METATYPE(ProcessorFamily)
 namespace {
 
 constexpr int kUnset = -2147483647 - 1;
-
-class FakePlatform : public Platform
-{
-public:
-    SystemDescription description;
-
-    QString systemVersion() override { return {}; }
-    SystemDescription systemDescription() override { return description; }
-    bool showInFileManager(const QString &) override { return false; }
-    bool openAddress(const QUrl &) override { return false; }
-    QString defaultBrowser() override { return {}; }
-    PreviewKind previewKind() override { return PreviewKind::None; }
-    QList<unsigned int> previewHelpers(const QString &) override { return {}; }
-    bool startPreviewHelper(const QString &, const QString &) override { return false; }
-    void endPreviewHelper(unsigned int) override {}
-    bool startApplication(const QString &) override { return false; }
-    QString destinationRefusal(const QString &) override { return {}; }
-};
 
 QByteArray number(quint32 value)
 {
@@ -245,7 +227,7 @@ void TestStart::description_data()
 
 void TestStart::description()
 {
-    FakePlatform fake;
+    RecordingPlatform fake;
     QFETCH(QStringList, expected);
     QFETCH(int, version);
     QFETCH(int, processor);

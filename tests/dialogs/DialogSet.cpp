@@ -46,7 +46,7 @@ Made makeReference(QWidget *parent, bool withSample)
 {
     auto dialog = std::make_unique<ReferenceFileDlg>(parent);
     if (!withSample) return dialog;
-    static_cast<ScriptedChooser &>(fileChooser()).file = "/home/ann/DCIM/IMG_0001.JPG";
+    static_cast<ScriptedChooser &>(fileChooser()).answers.push_back(QStringList{"/home/ann/DCIM/IMG_0001.JPG"});
     dialog->OnBrowseRefrenceFile();
     return dialog;
 }

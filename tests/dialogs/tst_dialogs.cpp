@@ -160,7 +160,7 @@ void TestDialogs::init()
 {
     *pApp = KesmiraApp();
     m_chooser = {};
-    m_platform.shown.clear();
+    m_platform.calls.clear();
     setFileChooser(&m_chooser);
     setPlatform(&m_platform);
 }
@@ -297,7 +297,7 @@ void TestDialogs::browse()
     QFETCH(QString, suffix);
     QFETCH(QString, file);
     pApp->strFileSuffix = suffix;
-    m_chooser.file = file;
+    m_chooser.answers.push_back(QStringList{file});
     ReferenceFileDlg dialog;
     dialog.show();
     act(dialog, "Enter"); // while there is no sample, that is Browse
@@ -334,7 +334,7 @@ void TestDialogs::linkShowsTheFolder()
     const auto dialog = makeDialog("saved");
     dialog->show();
     act(*dialog, "ClickHereBtn");
-    QCOMPARE(m_platform.shown, QStringList{"/media/card/out"});
+    QCOMPARE(m_platform.calls, QStringList{"show /media/card/out"});
     QVERIFY(dialog->isVisible());
 }
 

@@ -3,9 +3,8 @@
 #pragma once
 
 #include "app/KesmiraApp.h"
-#include "desktop/FileChooser.h"
-#include "desktop/platform/Platform.h"
 #include "engine/OneFile.h"
+#include "support/FakeDesktop.h"
 #include "support/Files.h"
 #include "support/RunFolder.h"
 #include "window/BrowseRepair.h"
@@ -81,57 +80,6 @@ private:
 
     std::deque<Line> m_lines;
     QStringList m_surprises;
-};
-
-class ScriptedChooser : public FileChooser
-{
-public:
-    std::deque<QStringList> answers;
-    int unexpected = 0;
-
-    QStringList openFiles(QWidget *, const QString &, const QString &, const QString &) override { return next(); }
-    QString openFile(QWidget *, const QString &, const QString &, const QString &) override { return next().value(0); }
-    QString chooseFolder(QWidget *, const QString &, const QString &) override { return next().value(0); }
-
-private:
-    QStringList next()
-    {
-        if (answers.empty()) {
-            ++unexpected;
-            return {};
-        }
-        const QStringList answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-};
-
-/// Writes down what it is asked to do and does nothing.
-class RecordingPlatform : public Platform
-{
-public:
-    QStringList calls;
-    PreviewKind kind = PreviewKind::None;
-    QString refusal;
-
-    QString systemVersion() override { return "12.0"; }
-    SystemDescription systemDescription() override { return {}; }
-    bool showInFileManager(const QString &path) override { return note("show " + path); }
-    bool openAddress(const QUrl &address) override { return note("open " + address.toString()); }
-    QString defaultBrowser() override { return {}; }
-    PreviewKind previewKind() override { return kind; }
-    QList<unsigned int> previewHelpers(const QString &) override { return {}; }
-    bool startPreviewHelper(const QString &, const QString &file) override { return note("preview " + file); }
-    void endPreviewHelper(unsigned int pid) override { note("end " + QString::number(pid)); }
-    bool startApplication(const QString &path) override { return note("start " + path); }
-    QString destinationRefusal(const QString &) override { return refusal; }
-
-private:
-    bool note(const QString &call)
-    {
-        calls << call;
-        return true;
-    }
 };
 
 class WindowRoom : public RunFolder

@@ -1,0 +1,71 @@
+// Stand-ins for the system and for the dialogs that choose files: they answer by a script and write down what was asked.
+#pragma once
+
+#include "desktop/FileChooser.h"
+#include "desktop/platform/Platform.h"
+
+#include <deque>
+
+/// Hands out the answers in their order; one that wasn't given is counted, and cancels.
+class ScriptedChooser : public FileChooser
+{
+public:
+    std::deque<QStringList> answers;
+    QStringList asked; ///< "title | folder | filter"
+    int unexpected = 0;
+
+    QStringList openFiles(QWidget *, const QString &title, const QString &folder, const QString &filter) override
+    {
+        return next({title, folder, filter});
+    }
+    QString openFile(QWidget *, const QString &title, const QString &folder, const QString &filter) override
+    {
+        return next({title, folder, filter}).value(0);
+    }
+    QString chooseFolder(QWidget *, const QString &title, const QString &folder) override
+    {
+        return next({title, folder}).value(0);
+    }
+
+private:
+    QStringList next(const QStringList &question)
+    {
+        asked << question.join(" | ");
+        if (answers.empty()) {
+            ++unexpected;
+            return {};
+        }
+        const QStringList answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
+
+/// Writes down what it is asked to do and does nothing.
+class RecordingPlatform : public Platform
+{
+public:
+    QStringList calls; ///< "show PATH", "open ADDRESS", "preview FILE", "end PID", "start PATH"
+    PreviewKind kind = PreviewKind::None;
+    QString refusal;
+    SystemDescription description;
+
+    QString systemVersion() override { return "12.0"; }
+    SystemDescription systemDescription() override { return description; }
+    bool showInFileManager(const QString &path) override { return note("show " + path); }
+    bool openAddress(const QUrl &address) override { return note("open " + address.toString()); }
+    QString defaultBrowser() override { return {}; }
+    PreviewKind previewKind() override { return kind; }
+    QList<unsigned int> previewHelpers(const QString &) override { return {}; }
+    bool startPreviewHelper(const QString &, const QString &file) override { return note("preview " + file); }
+    void endPreviewHelper(unsigned int pid) override { note("end " + QString::number(pid)); }
+    bool startApplication(const QString &path) override { return note("start " + path); }
+    QString destinationRefusal(const QString &) override { return refusal; }
+
+private:
+    bool note(const QString &call)
+    {
+        calls << call;
+        return true;
+    }
+};
