@@ -169,7 +169,7 @@ void BrowseRepair::setListWidths(int size, int date)
     // A wide substitute of the font must not cost the seconds of a date.
     const QString longest = dateText(QDateTime(QDate(2026, 12, 30), QTime(22, 58, 58)));
     const QFontMetrics metrics(look::font(QStringLiteral("Lucida Grande"), 12, QFont::Normal));
-    const int needed = metrics.horizontalAdvance(longest) + 10;
+    const int needed = metrics.horizontalAdvance(longest) + 20;
     pFileList->setColumnWidth(Modified, std::max(date, needed));
     pFileList->setColumnWidth(Created, std::max(date, needed));
     widenForHeaders(pFileList);
