@@ -30,6 +30,7 @@ public:
         widget->activateWindow();
         if (!QTest::qWaitFor([widget] { return QApplication::activeWindow() == widget; }))
             miss(name + " doesn't become active");
+        QCoreApplication::processEvents(); // layouts that wait for their turn
         const QString path = m_folder.filePath(name + ".png");
         // Without transparency and packed as tightly as the format can: the files are part of the project.
         if (!widget->grab().toImage().convertToFormat(QImage::Format_RGB888).save(path, "PNG", 0))
