@@ -95,7 +95,7 @@ void FileWindow::read(quint64 offset, void *to, qint64 count)
     }
 }
 
-quint64 FileWindow::nextFF(quint64 from, quint64 end)
+quint64 FileWindow::nextByte(quint8 value, quint64 from, quint64 end)
 {
     const quint64 last = std::min(end, m_size);
     while (from < last) {
@@ -106,7 +106,7 @@ quint64 FileWindow::nextFF(quint64 from, quint64 end)
         const quint64 inBlock = from - m_start;
         const quint64 part = std::min(m_filled - inBlock, last - from);
         const quint8 *begin = m_block.data() + inBlock;
-        if (const void *hit = std::memchr(begin, 0xFF, size_t(part)))
+        if (const void *hit = std::memchr(begin, value, size_t(part)))
             return from + quint64(static_cast<const quint8 *>(hit) - begin);
         from += part;
     }

@@ -39,7 +39,9 @@ public:
     /// Fills `to` with `count` bytes from `offset`.
     void read(quint64 offset, void *to, qint64 count);
     /// Offset of the next FF in [from, end), or `end` where there is none or a stop was asked for.
-    quint64 nextFF(quint64 from, quint64 end);
+    quint64 nextFF(quint64 from, quint64 end) { return nextByte(0xFF, from, end); }
+    /// The same for any value.
+    quint64 nextByte(quint8 value, quint64 from, quint64 end);
     /// Offset of the last FF in [begin, from], or `begin` - 1 (wrapping) where there is none or a stop was asked for.
     quint64 previousFF(quint64 from, quint64 begin);
 

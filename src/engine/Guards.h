@@ -20,4 +20,8 @@ constexpr quint64 kStreamCarveFactor = 16;
 /// looks like a million tiny pictures would be many minutes of making files and wiping them.
 constexpr int kStreamRefusals = 4096;
 
+/// Bytes of the boxes that describe a HEIC, where they have to be held at once. Phones write about ten thousand; a damaged
+/// length could claim all of the file.
+constexpr quint64 kHeicDescription = 16 * 1024 * 1024;
+
 } // namespace guards

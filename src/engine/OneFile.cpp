@@ -2,6 +2,7 @@
 
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
+#include "engine/heic/HeicRoad.h"
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
 #include "save/WipeFolder.h"
@@ -102,7 +103,7 @@ bool beginRun()
 
 const QStringList &repairableSuffixes()
 {
-    static const QStringList suffixes = {QStringLiteral("JPG"), QStringLiteral("JPEG")};
+    static const QStringList suffixes = {QStringLiteral("JPG"), QStringLiteral("JPEG"), QStringLiteral("HEIC")};
     return suffixes;
 }
 
@@ -132,8 +133,13 @@ FileOutcome repairOneFile(const QString &path)
 
     if (known && size < kFileLimit && !stopRequested()) {
         jpg_repair engine;
-        engine.repairing(path);
-        if (!stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix) && !engine.reRepairing(path))
+        const bool heic = isHeicName(path);
+        if (heic)
+            outcome.statusCode = repairHeic(engine, path);
+        else
+            engine.repairing(path);
+        if (!heic && !stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix)
+            && !engine.reRepairing(path))
             outcome.statusCode = QLatin1String(status::Invalid);
     }
     pApp->nInvalidCount = 0;
@@ -146,7 +152,14 @@ FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &pa
     FileOutcome outcome = takeUp(path);
     pApp->strSamplePath = samplePath;
     outcome.statusCode = QLatin1String(status::Invalid);
-    jpg_repair().ScanRefFile(samplePath, path);
+    if (!isHeicName(path)) {
+        jpg_repair().ScanRefFile(samplePath, path);
+    } else if (QFileInfo(path).size() >= kFileLimit) {
+        pApp->report.reason = RepairReason::TooLarge;
+    } else {
+        jpg_repair engine;
+        repairHeicWithSample(engine, samplePath, path);
+    }
     conclude(outcome);
     return outcome;
 }

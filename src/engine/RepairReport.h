@@ -32,7 +32,7 @@ struct OutputReport
     QString name; ///< as it stands in lstResultNames
     QString path; ///< where the writer put it
     RepairWay way = RepairWay::Main;
-    QSize size; ///< width and height that the judge found; invalid where the written bytes were not the judged ones
+    QSize size;  ///< width and height that the judge found; invalid where the written bytes were not the judged ones
     QImage icon; ///< the judge's, null where there is no size
 };
 
@@ -46,6 +46,7 @@ struct RepairReport
     bool headerBroken = false;   ///< the header check of the main image failed
     bool decoderRefused = false; ///< the judge refused at least one rebuilt image
     QString decoderWarning;      ///< the decoder's first words about a rebuilt image
+    bool tilesAlone = false; ///< a HEIC was written without its boxes, as these fit no known layout: nothing opens it
     QVector<OutputReport> outputs;
     RepairReason reason = RepairReason::None;
 };

@@ -28,7 +28,7 @@ const QVector<Room> &rooms()
         {"engine", {"tables", "app", "salvage"}, plain},
         {"save", {"engine", "tables", "app"}, plain},
         {"batch", engineSide, plain},
-        {"fileutil", engineSide, plain},
+        {"fileutil", engineSide, plain + QStringList{"QtWidgets"}},
         {"window", desktopSide, desktop},
         {"dialogs", desktopSide, desktop},
         {"update", desktopSide, desktop},
