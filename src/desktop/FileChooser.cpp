@@ -1,8 +1,16 @@
 #include "desktop/FileChooser.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace {
+
+/// The folder to start in; the toolkit's own choice where it isn't there or its owner lets nobody in.
+QString usable(const QString &folder)
+{
+    const QFileInfo info(folder);
+    return info.isReadable() && info.isExecutable() ? folder : QString();
+}
 
 FileChooser *&replacementChooser()
 {
@@ -14,17 +22,17 @@ FileChooser *&replacementChooser()
 
 QStringList FileChooser::openFiles(QWidget *parent, const QString &title, const QString &folder, const QString &filter)
 {
-    return QFileDialog::getOpenFileNames(parent, title, folder, filter);
+    return QFileDialog::getOpenFileNames(parent, title, usable(folder), filter);
 }
 
 QString FileChooser::openFile(QWidget *parent, const QString &title, const QString &folder, const QString &filter)
 {
-    return QFileDialog::getOpenFileName(parent, title, folder, filter);
+    return QFileDialog::getOpenFileName(parent, title, usable(folder), filter);
 }
 
 QString FileChooser::chooseFolder(QWidget *parent, const QString &title, const QString &folder)
 {
-    return QFileDialog::getExistingDirectory(parent, title, folder, QFileDialog::ShowDirsOnly);
+    return QFileDialog::getExistingDirectory(parent, title, usable(folder), QFileDialog::ShowDirsOnly);
 }
 
 FileChooser &fileChooser()
