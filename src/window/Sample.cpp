@@ -3,6 +3,7 @@
 #include "dialogs/AdvancedRepairDlg.h"
 #include "dialogs/ReferenceFileDlg.h"
 #include "engine/OneFile.h"
+#include "engine/heic/TileLayout.h"
 #include "engine/jpg_repair.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
@@ -71,13 +72,7 @@ void BrowseRepair::OnClickAddReference(unsigned int id)
 QString BrowseRepair::sampleText(const QString &path) const
 {
     if (!isHeic(QFileInfo(path).suffix())) return AdvancedRepairDlg::jpegText();
-    switch (jpg_repair().CheckingImageType(path)) {
-    case 25: return AdvancedRepairDlg::heicText(QStringLiteral("square_selfie"));
-    case 35: return AdvancedRepairDlg::heicText(QStringLiteral("standard_selfie"));
-    case 36: return AdvancedRepairDlg::heicText(QStringLiteral("square"));
-    case 48: return AdvancedRepairDlg::heicText(QStringLiteral("standard"));
-    default: return AdvancedRepairDlg::heicText(QString());
-    }
+    return AdvancedRepairDlg::heicText(layoutName(jpg_repair().CheckingImageType(path)));
 }
 
 void BrowseRepair::OnRefe_CheckBoxClicked()
