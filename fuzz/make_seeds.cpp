@@ -1,7 +1,8 @@
-// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged and DIR/raw.
+// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged, DIR/raw and DIR/heic.
 #include "support/Cr3Maker.h"
 #include "support/Damage.h"
 #include "support/Files.h"
+#include "support/HeicMaker.h"
 #include "support/RawFile.h"
 #include "support/RawMaker.h"
 
@@ -35,5 +36,12 @@ int main(int argc, char **argv)
     raw.push_back(makeCr3({.preview = picture, .thumbnail = thumbnail, .longData = false}));
     for (const RawSample &sample : makeRawSamples(picture, thumbnail)) raw.push_back(sample.file);
     writeAll(folder + QStringLiteral("/raw"), raw);
+
+    std::vector<QByteArray> heic;
+    for (const auto &[tiles, entryCount] : {std::pair(25, 0x1C), {25, 0x1D}, {35, 0x26}, {36, 0x27}, {48, 0x33}}) {
+        const MadeHeic made = makeHeic({.tiles = tiles, .entryCount = entryCount});
+        for (const QByteArray &bytes : {made.bytes, expectedRewrite(made, made), made.stream}) heic.push_back(bytes);
+    }
+    writeAll(folder + QStringLiteral("/heic"), heic);
     return 0;
 }

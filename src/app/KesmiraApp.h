@@ -142,7 +142,7 @@ public:
     bool bHeicSquareSelfie = false;
     bool bHeicHeaderIntact = false;
     bool bHeicOddTileCount = false;
-    FILE *pHeicSource = nullptr;
+    FileWindow *pHeicSource = nullptr; ///< the HEIC being repaired, open from its scan until its result is finished
     FILE *pHeicOutput = nullptr;
     bool bWorkOnTempCopy = false; ///< the analysis reads the working copy and not the user's file
     bool bThumbOnlyMode = false;  ///< never set in this release

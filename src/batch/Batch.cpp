@@ -7,6 +7,8 @@
 #include "batch/SourceList.h"
 #include "batch/StopSignals.h"
 #include "batch/Words.h"
+#include "engine/heic/HeicRoad.h"
+#include "engine/heic/ReadingCopy.h"
 #include "save/ConflictPrompt.h"
 #include "tables/TableLibrary.h"
 
@@ -53,6 +55,7 @@ bool isJpeg(const QString &suffix)
 bool wantsSample(const SourceResult &result)
 {
     if (result.outcome.report.reason == RepairReason::Stopped) return false;
+    if (result.outcome.report.tilesAlone) return true; // listed, but nothing opens it
     return result.status() == status::Invalid || (!result.gaveSomething() && isJpeg(result.outcome.suffix));
 }
 
@@ -74,6 +77,7 @@ private:
     void progress(const QString &text);
     void flush();
     void print(const SourceResult &result);
+    void writeReadable(SourceResult &result);
 
     void firstPass(const QStringList &files);
     void samplePass();
@@ -143,6 +147,23 @@ void BatchRun::print(const SourceResult &result)
     }
 }
 
+/// A result that no reading copy can be made of is named; it was no picture, and the rest goes on.
+void BatchRun::writeReadable(SourceResult &result)
+{
+    if (!m_options.readable || !isHeicName(result.outcome.source)) return;
+    result.wantsReadable = true;
+    for (const OutputRow &row : qAsConst(result.rows.rows)) {
+        const QString name = readableName(row.name);
+        const QString problem = writeReadingCopy(row.path, heicFolder() + name);
+        if (problem.isEmpty()) {
+            result.readable.append(name);
+            m_names.append(name);
+        } else {
+            complain(QStringLiteral("'%1' has no reading copy: %2").arg(row.name, problem), 0);
+        }
+    }
+}
+
 void BatchRun::firstPass(const QStringList &files)
 {
     for (const QString &file : files) {
@@ -157,6 +178,7 @@ void BatchRun::firstPass(const QStringList &files)
                 QStringLiteral("Repairing file %1 of %2: %3").arg(m_results.size() + 1).arg(files.size()).arg(file));
             result.outcome = repairOneFile(file);
             result.rows = makeRows(result.outcome);
+            writeReadable(result);
         }
         m_results.append(result);
         print(result);
@@ -176,6 +198,7 @@ void BatchRun::samplePass()
         result.samplePass = true;
         result.outcome = repairOneFileWithSample(m_options.sample, source);
         result.rows = makeSampleRows(result.outcome);
+        writeReadable(result);
         print(result);
         if (result.gaveSomething()) earlier = result;
     }

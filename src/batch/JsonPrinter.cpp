@@ -29,6 +29,7 @@ public:
             {"rows", rows},
             {"report", toJson(result.outcome.report)},
         };
+        if (result.wantsReadable) object.insert("readable", QJsonArray::fromStringList(result.readable));
         if (result.samplePass) object.insert("pass", "sample");
         m_out << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) << '\n';
     }

@@ -37,6 +37,9 @@ void addOptions(QCommandLineParser &parser)
          "rename|overwrite|skip", "rename"},
         {"sample", "After the run, repair the sources that failed with FILE, a healthy picture from the same camera.",
          "FILE"},
+        {"readable",
+         "Beside each repaired HEIC write NAME_readable.heic, the same picture in the strict form that most programs "
+         "want."},
         {"work",
          "Work in DIR and leave all results there, in its folder RepairedFiles, which the next run empties. DIR is "
          "made "
@@ -70,6 +73,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
     options.json = parser.isSet("json");
     options.help = parser.isSet("help");
     options.version = parser.isSet("version");
+    options.readable = parser.isSet("readable");
     if (options.help) options.helpText = parser.helpText();
     if (options.help || options.version) return {};
 

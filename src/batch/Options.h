@@ -11,7 +11,8 @@ struct Options
     bool json = false;
     bool help = false;
     bool version = false;
-    QString destination; ///< --to
+    bool readable = false; ///< --readable
+    QString destination;   ///< --to
     FileAnswer onConflict = FileAnswer::RenameAll;
     QString sample;
     QString workingRoot; ///< --work

@@ -17,6 +17,8 @@ struct SourceResult
     FileOutcome outcome;
     OutputRows rows;
     bool samplePass = false;
+    bool wantsReadable = false; ///< reading copies of its HEICs were asked for
+    QStringList readable;       ///< their names
 
     bool gaveSomething() const { return !outcome.results.isEmpty(); }
     /// "5" repaired, "2" invalid, "" neither; the stages that only a window shows are folded into these three.

@@ -42,6 +42,7 @@ public:
         }
         line(result.outcome.source, stateWord(result), {}, mended);
         for (const OutputRow &row : result.rows.rows) line("  " + row.name, row.type, row.resolution, {});
+        for (const QString &name : result.readable) line("  " + name, "Readable", {}, {});
     }
 
     void saved(const SaveOutcome &outcome) override

@@ -58,6 +58,10 @@ QString mendedText(const RepairReport &report)
         const bool isOtherWay = output.way != RepairWay::Main && output.way != RepairWay::Nested;
         if (isOtherWay) parts << "by the " + wayWord(output.way);
     }
+    if (report.tilesAlone)
+        parts << QStringLiteral("only the image tiles, as its boxes fit no known layout");
+    else if (!report.outputs.isEmpty() && report.outputs.first().way == RepairWay::Rewrite)
+        parts << QStringLiteral("index of the tiles rebuilt");
     parts.removeDuplicates();
     if (!report.decoderWarning.isEmpty()) parts << QStringLiteral("decoder: \"%1\"").arg(report.decoderWarning);
     return parts.join("; ");

@@ -24,4 +24,8 @@ constexpr int kStreamRefusals = 4096;
 /// make a file of zeros of up to 4 GB.
 constexpr quint32 kCr3Image = 256 * 1024 * 1024;
 
+/// Bytes of the boxes that describe a HEIC, where they have to be held at once. Phones write about ten thousand; a damaged
+/// length could claim all of the file.
+constexpr quint64 kHeicDescription = 16 * 1024 * 1024;
+
 } // namespace guards

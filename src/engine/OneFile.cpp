@@ -2,6 +2,7 @@
 
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
+#include "engine/heic/HeicRoad.h"
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
 #include "save/WipeFolder.h"
@@ -105,7 +106,7 @@ const QStringList &repairableSuffixes()
 {
     // "TIF" is taken in, but no analysis knows it.
     static const QStringList suffixes = QStringLiteral("JPG JPEG NRW CR2 ARW DNG ERF MRW NEF ORF PEF RW2 SR2 SRF RAF "
-                                                       "TIFF TIF CRW CR3")
+                                                       "TIFF TIF CRW CR3 HEIC")
                                             .split(QLatin1Char(' '));
     return suffixes;
 }
@@ -141,8 +142,13 @@ FileOutcome repairOneFile(const QString &path)
 
     if (known && size < kFileLimit && !stopRequested()) {
         jpg_repair engine;
-        engine.repairing(path);
-        if (!stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix) && !engine.reRepairing(path))
+        const bool heic = isHeicName(path);
+        if (heic)
+            outcome.statusCode = repairHeic(engine, path);
+        else
+            engine.repairing(path);
+        if (!heic && !stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix)
+            && !engine.reRepairing(path))
             outcome.statusCode = QLatin1String(status::Invalid);
     }
     pApp->nInvalidCount = 0;
@@ -155,7 +161,14 @@ FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &pa
     FileOutcome outcome = takeUp(path);
     pApp->strSamplePath = samplePath;
     outcome.statusCode = QLatin1String(status::Invalid);
-    jpg_repair().ScanRefFile(samplePath, path);
+    if (!isHeicName(path)) {
+        jpg_repair().ScanRefFile(samplePath, path);
+    } else if (QFileInfo(path).size() >= kFileLimit) {
+        pApp->report.reason = RepairReason::TooLarge;
+    } else {
+        jpg_repair engine;
+        repairHeicWithSample(engine, samplePath, path);
+    }
     conclude(outcome);
     return outcome;
 }

@@ -2,6 +2,7 @@
 
 #include "app/StopFlag.h"
 #include "engine/Judge.h"
+#include "engine/heic/HeicRoad.h"
 
 #include <QFileInfo>
 
@@ -27,6 +28,7 @@ QStringList places(const QString &name)
     const QString plain = withoutSlashes(name);
     const QString own = pApp->strTempDir + plain;
     const QString thumbnail = pApp->strTempDir + QLatin1String("Thumbnail Repaired/") + plain;
+    if (isHeicName(plain)) return {heicFolder() + plain, own};
     const QString secondThumbnail = pApp->strTempDir + QLatin1String("Thumbnail Repaired") + plain;
     if (holdsImageNumber(plain, 1, 4, Qt::CaseInsensitive)) return {thumbnail, secondThumbnail, own};
     return {own, thumbnail};
@@ -106,6 +108,34 @@ void appendRawRow(const FileOutcome &outcome, const QString &name, QVector<Outpu
     if (rows.size() == 3) rankThree(rows, widths);
 }
 
+/// The decoder takes no HEIC, so nothing is loaded: a size of nothing stands, but where the suffix has its usual form.
+OutputRow heicRow(const FileOutcome &outcome, const QString &name)
+{
+    OutputRow row;
+    row.name = withoutSlashes(name);
+    row.type = QStringLiteral("Repaired");
+    row.path = outputPath(name);
+    if (outcome.suffix != QLatin1String("HEIC")) row.resolution = QStringLiteral("0x0");
+    return row;
+}
+
+OutputRows heicRows(const FileOutcome &outcome)
+{
+    OutputRows out;
+    out.sourceStatus = outcome.statusCode;
+    for (const QString &name : outcome.results) {
+        OutputRow row = heicRow(outcome, name);
+        if (out.rows.isEmpty()) {
+            out.sourceStatus = QLatin1String(status::Repaired);
+        } else {
+            row.type.clear(); // the first one alone is named and marked
+            row.statusCode.clear();
+        }
+        out.rows.append(row);
+    }
+    return out;
+}
+
 } // namespace
 
 bool isThumbnailName(const QString &name)
@@ -123,6 +153,7 @@ QString outputPath(const QString &name)
 QString destinationPlace(const QString &name)
 {
     const QString plain = withoutSlashes(name);
+    if (isHeicName(plain)) return QLatin1String("HEIC_Repaired/") + plain;
     return holdsImageNumber(plain, 1, 3, Qt::CaseInsensitive) ? QLatin1String("Thumbnail Repaired/") + plain : plain;
 }
 
@@ -131,6 +162,7 @@ OutputRows makeRows(const FileOutcome &outcome)
     OutputRows out;
     out.sourceStatus = outcome.statusCode;
     if (outcome.statusCode == QLatin1String(status::Stopped)) return out;
+    if (isHeicName(outcome.source)) return heicRows(outcome);
     // With a thumbnail in front the main image, if any, came last: the list is then read backwards.
     QStringList names = outcome.results;
     if (!names.isEmpty() && names.first().contains(QLatin1String("_[T1]"))) std::reverse(names.begin(), names.end());
@@ -158,6 +190,11 @@ OutputRows makeSampleRows(const FileOutcome &outcome)
 {
     OutputRows out;
     out.sourceStatus = outcome.statusCode;
+    if (outcome.statusCode != QLatin1String(status::Stopped) && isHeicName(outcome.source)) {
+        out = heicRows(outcome);
+        for (OutputRow &row : out.rows) row.resolution.clear(); // nothing looks for a size here
+        return out;
+    }
     const QStringList offered = {QStringLiteral("JPEG"), QStringLiteral("JPG"), QStringLiteral("jpg"),
                                  QStringLiteral("jpeg")};
     if (outcome.statusCode == QLatin1String(status::Stopped) || outcome.results.isEmpty()

@@ -86,6 +86,7 @@ QJsonObject toJson(const RepairReport &report)
         {"headerBroken", report.headerBroken},
         {"decoderRefused", report.decoderRefused},
         {"decoderWarning", report.decoderWarning},
+        {"tilesAlone", report.tilesAlone},
         {"outputs", outputs},
         {"reason", reasonWord(report.reason)},
     };

@@ -46,6 +46,7 @@ struct RepairReport
     bool headerBroken = false;   ///< the header check of the main image failed
     bool decoderRefused = false; ///< the judge refused at least one rebuilt image
     QString decoderWarning;      ///< the decoder's first words about a rebuilt image
+    bool tilesAlone = false; ///< a HEIC was written without its boxes, as these fit no known layout: nothing opens it
     QVector<OutputReport> outputs;
     RepairReason reason = RepairReason::None;
 };

@@ -35,11 +35,20 @@ bool isJpegSuffix(const QString &suffix)
     return upper == QLatin1String("JPG") || upper == QLatin1String("JPEG");
 }
 
+bool isHeicSuffix(const QString &suffix)
+{
+    const QString upper = suffix.toUpper();
+    return upper == QLatin1String("HEIC") || upper == QLatin1String("HEIF");
+}
+
 } // namespace
 
 jpg_repair::jpg_repair() = default;
 
-jpg_repair::~jpg_repair() = default;
+jpg_repair::~jpg_repair()
+{
+    closeHeicFiles();
+}
 
 void jpg_repair::repairing(const QString &)
 {
@@ -79,6 +88,10 @@ void jpg_repair::repairWorkingCopy()
 
 void jpg_repair::analyse(bool workingCopy)
 {
+    if (isHeicSuffix(pApp->strFileSuffix)) {
+        Heic(pApp->strCurrentPath); // a rewrite is the caller's next step
+        return;
+    }
     if (!isJpegSuffix(pApp->strFileSuffix)) {
         if (!scanRaw(workingCopy)) pApp->report.reason = RepairReason::OtherFormat;
         return;

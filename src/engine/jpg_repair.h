@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/FileWindow.h"
+#include "engine/RepairReport.h"
 #include "engine/SegmentList.h"
 
 #include <QObject>
@@ -32,6 +33,24 @@ public:
     /// Grafts the header of a healthy sample on the entropy data of a damaged file. True if the output loads; its name
     /// then stands in `lstResultNames`.
     bool ScanRefFile(const QString &samplePath, const QString &damagedPath);
+
+    /// True if the HEIC at `path` can be rebuilt without a sample: its tiles make a known layout and the boxes that
+    /// describe the picture follow each other in their usual place. Sets the layout flag, `bHeicHeaderIntact` and
+    /// `bHeicOddTileCount`, and leaves `pHeicSource` open, also where it says false; the destructor closes what is left.
+    bool Heic(const QString &path);
+    /// The number of tiles in the HEIC at `path`, 0 if there are none or it can't be read. Sets the layout flag, and
+    /// leaves no file open.
+    unsigned int CheckingImageType(const QString &path);
+    /// Opens `pHeicSource` on `path` and takes the lengths of its tiles; no flag is touched.
+    void scanAgainForiLocation(const QString &path);
+    /// Writes all of the new HEIC but its tiles to `pHeicOutput`, with the boxes of the file that Heic() has left open.
+    /// Returns the result's name. Nothing is written where the boxes fit no layout.
+    QString writeFileWithoutRef(const QString &path);
+    /// The same with the boxes of a healthy sample, for the tiles of `damagedPath` and the layout flag that stands.
+    QString writeFileWithRef(const QString &damagedPath, const QString &samplePath);
+    /// Appends the tiles, closes both files and appends the name to `lstResultNames`, unless the result has no file or
+    /// not all of its bytes found room.
+    void WriteFileData(const QString &name);
 
     /// Size of the file in bytes.
     quint64 GetFileSize(FileWindow *file);
@@ -111,10 +130,23 @@ private:
     void noteFrame(quint64 offset, bool isHead);
     void noteQuantHeads(const SegmentNode &node, quint64 offset);
 
+    bool openHeicSource(const QString &path);
+    void openHeicOutput(const QString &name);
+    void closeHeicFiles();
+    unsigned int countTiles(FileWindow &file, size_t kept);
+
     bool bDhtUsable = false; ///< a DHT of usable length was met
     bool bDqtSeen = false;
     bool bSecondImage = false;  ///< a second SOI was met
     quint32 nCarvePosition = 0; ///< where the carve of a CR3 ended; read by nothing
+
+    quint32 nHeicFileSize = 0;
+    quint32 nHeicDataStart = 0;    ///< offset of the first tile's length field
+    quint32 aTileLength[256] = {}; ///< bytes of each tile, its length field included
+    QString strHeicFileName;
+    quint64 nHeicPosition = 0;                ///< where the tile walk ended
+    bool bHeicBigEndian = false;              ///< numbers of the file have their high byte first
+    RepairWay m_heicWay = RepairWay::Rewrite; // of the result in hand
 
     size_t m_nodes = 0;                   // on the chain of the walk in hand
     TrailingImages *m_trailing = nullptr; // what the walk in hand shares between its nodes, if anything

@@ -61,9 +61,13 @@ QString settleTarget(const QString &target, const QString &place, ConflictPrompt
         return {};
     }
     // The name's place follows the suffix of the run's last source; a HEIC keeps its own folder whatever that was.
-    if (place.startsWith(QLatin1String(kHeicFolder)))
-        return target.left(target.lastIndexOf('/') + 1) + pApp->strConflictName;
-    return settled;
+    if (!place.startsWith(kHeicFolder)) return settled;
+    const QString folder = target.left(target.lastIndexOf('/') + 1);
+    while (pApp->bRenameAll && QFileInfo::exists(folder + pApp->strConflictName)) {
+        const QString name = place.mid(kHeicFolder.size());
+        pApp->strConflictName = QStringLiteral("Copy(%1)_%2").arg(++pApp->nCopyCounter).arg(name);
+    }
+    return folder + pApp->strConflictName;
 }
 
 SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &prompt)

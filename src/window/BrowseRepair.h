@@ -1,7 +1,7 @@
 // The main window with its two pages, the file list and the results, and the driver of a run.
 // One class over several files by task: BrowseRepair.cpp (construction), Menus.cpp, FileIntake.cpp, RunStart.cpp,
-// RunDriver.cpp and SampleDriver.cpp (on the worker), RunEffects.cpp, Results.cpp, Preview.cpp, Sample.cpp,
-// StopBackClose.cpp, Saving.cpp.
+// RunDriver.cpp, SampleDriver.cpp and HeicSampleDriver.cpp (on the worker), RunEffects.cpp, Results.cpp, Preview.cpp,
+// Sample.cpp, StopBackClose.cpp, Saving.cpp.
 //
 // The worker touches no widget and no member but m_plan: it posts effects, which run on the main thread in their order
 // and name a row by number. Effects of a run that Back or Close has ended do nothing. While the worker runs, the fields
@@ -202,6 +202,7 @@ private:
     // A run: on the worker
     void RepairJpegFile();
     void OnRepairRefrenceFile();
+    void OnRepairHEICWithRefFiles();
     /// False if the user has asked to stop; the row then has the status of a stopped one.
     bool repairRow(const RunRow &row, int number, unsigned int &buttonIndex);
     enum class SampleStep { Next, StopNoted, Leave };
@@ -224,7 +225,9 @@ private:
     void GetQuickLookProcessID();
 
     // Repair with a sample
-    QTreeWidgetItem *firstRowNamed(const QString &name) const;
+    QTreeWidgetItem *firstRowNamed(const QString &name, Qt::CaseSensitivity sensitivity = Qt::CaseSensitive) const;
+    QString pathOfSampleRow() const;
+    void showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const QString &text);
     QTreeWidgetItem *rowOfPath(const QString &path) const;
     QString sampleText(const QString &path) const;
     void showSampleRunStart(int total);

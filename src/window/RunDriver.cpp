@@ -18,8 +18,10 @@ bool isJpeg(const QString &suffix)
 
 void BrowseRepair::runDriver()
 {
-    if (pApp->bReferenceRepair || pApp->bHeicReferenceRepair)
+    if (pApp->bReferenceRepair)
         OnRepairRefrenceFile();
+    else if (pApp->bHeicReferenceRepair)
+        OnRepairHEICWithRefFiles();
     else
         RepairJpegFile();
 }

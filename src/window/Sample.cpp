@@ -3,6 +3,8 @@
 #include "dialogs/AdvancedRepairDlg.h"
 #include "dialogs/ReferenceFileDlg.h"
 #include "engine/OneFile.h"
+#include "engine/heic/TileLayout.h"
+#include "engine/jpg_repair.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
 #include "window/MyTreeWidget.h"
@@ -27,10 +29,10 @@ bool isHeic(const QString &suffix)
 
 } // namespace
 
-QTreeWidgetItem *BrowseRepair::firstRowNamed(const QString &name) const
+QTreeWidgetItem *BrowseRepair::firstRowNamed(const QString &name, Qt::CaseSensitivity sensitivity) const
 {
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)
-        if ((*it)->text(column::Name) == name) return *it;
+        if ((*it)->text(column::Name).compare(name, sensitivity) == 0) return *it;
     return nullptr;
 }
 
@@ -69,8 +71,8 @@ void BrowseRepair::OnClickAddReference(unsigned int id)
 
 QString BrowseRepair::sampleText(const QString &path) const
 {
-    // The kind of a HEIC's layout is told by its tiles, which nothing counts yet.
-    return isHeic(QFileInfo(path).suffix()) ? AdvancedRepairDlg::heicText(QString()) : AdvancedRepairDlg::jpegText();
+    if (!isHeic(QFileInfo(path).suffix())) return AdvancedRepairDlg::jpegText();
+    return AdvancedRepairDlg::heicText(layoutName(jpg_repair().CheckingImageType(path)));
 }
 
 void BrowseRepair::OnRefe_CheckBoxClicked()
@@ -84,7 +86,9 @@ void BrowseRepair::ReferenceRepairProcess()
     ui->label_5->clear();
     RunPlan plan;
     plan.samplePath = pApp->strSamplePath;
-    if (pApp->bApplyToAllSameFormat) {
+    if (pApp->bHeicReferenceRepair) {
+        strSampleList = QStringList{pathOfSampleRow()}; // one file a run, whatever the box says
+    } else if (pApp->bApplyToAllSameFormat) {
         strSampleList.clear();
         for (int i = 0; i < pResultTree->topLevelItemCount(); ++i)
             if (isOpenToSample(pResultTree->topLevelItem(i)))

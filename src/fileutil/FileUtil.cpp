@@ -1,0 +1,100 @@
+#include "fileutil/FileUtil.h"
+
+#include "fileutil/DecodeProcess.h"
+#include "fileutil/HeicPanel.h"
+#include "fileutil/PictureExport.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTextCodec>
+
+#include <cstdio>
+
+// Resources of a static library aren't there by themselves; a namespace can't hold this.
+static void initResources()
+{
+    Q_INIT_RESOURCE(kesmira_res);
+}
+
+namespace {
+
+enum ExitStatus { Done = 0, NoPicture = 1, WrongUsage = 2, NotWritten = 3 };
+
+int complain(const QString &line, int status)
+{
+    std::fprintf(stderr, "FileUtil: %s\n", line.toUtf8().constData());
+    return status;
+}
+
+void addOptions(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(
+        "Shows a HEIC in a panel: wheel, + and - zoom, 0 fits, 1 is full size, Ctrl+S saves, "
+        "Escape and Space close.\n\n"
+        "Exit status: 0 done, 1 the file gives no picture, 2 wrong usage, 3 the export "
+        "can't be written.");
+    QCommandLineOption decode(kDecodeOption, "Write the decoded picture to standard output.");
+    decode.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions(
+        {{{"h", "help"}, "Show this help and end."},
+         {{"v", "version"}, "Show the version and end."},
+         {"export",
+          "Open no window: write the picture to OUT, a new .png or .jpg file, or the file in the form that "
+          "other programs open, a new .heic file.",
+          "OUT"},
+         decode});
+    parser.addPositionalArgument("file", "The HEIC file.", "FILE");
+}
+
+int exportTo(const QString &target, const QString &source)
+{
+    const ExportKind kind = exportKind(target);
+    if (kind == ExportKind::None) return complain("--export takes a .png, .jpg or .heic name", WrongUsage);
+    DecodedHeic decoded;
+    if (kind != ExportKind::Heic) decoded = DecodeProcess().decode(source);
+    QString problem;
+    const QByteArray bytes = exportBytes(kind, source, decoded, problem);
+    if (!problem.isEmpty()) return complain(QStringLiteral("'%1': %2").arg(source, problem), NoPicture);
+    const QString trouble = writeNewFile(target, bytes);
+    return trouble.isEmpty() ? Done : complain(trouble, NotWritten);
+}
+
+int print(const QString &text)
+{
+    std::fputs(text.toUtf8().constData(), stdout);
+    return std::fflush(stdout) == 0 ? Done : NotWritten;
+}
+
+/// Everything but the panel, which needs a display; -1 asks for it.
+int runWithoutWindow(const QStringList &arguments, QString &file)
+{
+    QCommandLineParser parser;
+    addOptions(parser);
+    if (!parser.parse(arguments)) return complain(parser.errorText(), WrongUsage);
+    if (parser.isSet("help")) return print(parser.helpText());
+    if (parser.isSet("version")) return print("FileUtil " KESMIRA_VERSION "\n");
+    if (parser.positionalArguments().size() != 1) return complain("give one file; --help tells more", WrongUsage);
+    file = parser.positionalArguments().first();
+    if (parser.isSet(kDecodeOption)) return runDecodeChild(file);
+    return parser.isSet("export") ? exportTo(parser.value("export"), file) : -1;
+}
+
+} // namespace
+
+int runFileUtil(int argc, char **argv)
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); // file names, whatever the locale
+    QString file;
+    {
+        const QCoreApplication application(argc, argv);
+        const int status = runWithoutWindow(QCoreApplication::arguments(), file);
+        if (status >= 0) return status;
+    }
+    QApplication application(argc, argv);
+    initResources();
+    HeicPanel panel(file);
+    panel.show();
+    panel.raise();
+    panel.activateWindow();
+    return QApplication::exec();
+}

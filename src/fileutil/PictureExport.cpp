@@ -1,0 +1,58 @@
+#include "fileutil/PictureExport.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+ExportKind exportKind(const QString &target)
+{
+    const QString suffix = QFileInfo(target).suffix().toLower();
+    if (suffix == "png") return ExportKind::Png;
+    if (suffix == "jpg" || suffix == "jpeg") return ExportKind::Jpeg;
+    return suffix == "heic" ? ExportKind::Heic : ExportKind::None;
+}
+
+QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedHeic &decoded, QString &problem)
+{
+    if (kind == ExportKind::Heic) return readableHeicBytes(source, problem);
+    problem = decoded.problem;
+    if (!problem.isEmpty()) return {};
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    const bool png = kind == ExportKind::Png;
+    if (buffer.open(QIODevice::WriteOnly) && withProfile(decoded).save(&buffer, png ? "PNG" : "JPG", png ? -1 : 95))
+        return bytes;
+    problem = QStringLiteral("the picture can't be written in this format");
+    return {};
+}
+
+QString writeNewFile(const QString &target, const QByteArray &bytes)
+{
+    QFile file(target);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return QStringLiteral("'%1' can't be made: %2").arg(target, file.errorString());
+    if (file.write(bytes) == bytes.size() && file.flush()) return {};
+    const QString problem = QStringLiteral("'%1' can't be written: %2").arg(target, file.errorString());
+    file.remove();
+    return problem;
+}
+
+QString replaceFile(const QString &target, const QByteArray &bytes, const QString &source)
+{
+    const QString standing = QFileInfo(target).canonicalFilePath();
+    if (!standing.isEmpty() && standing == QFileInfo(source).canonicalFilePath())
+        return QStringLiteral("The file that is shown isn't replaced; choose another name.");
+    QSaveFile file(target);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return {};
+    return QStringLiteral("'%1' can't be written: %2").arg(target, file.errorString());
+}
+
+QImage withProfile(const DecodedHeic &decoded)
+{
+    QImage image = decoded.image;
+    const QColorSpace colours = QColorSpace::fromIccProfile(decoded.profile);
+    if (colours.isValid()) image.setColorSpace(colours);
+    return image;
+}

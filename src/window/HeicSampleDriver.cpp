@@ -1,0 +1,57 @@
+// The run that repairs one HEIC with a sample: its driver on the worker, and what it does to the rows.
+#include "app/StopFlag.h"
+#include "engine/OneFile.h"
+#include "window/BrowseRepair.h"
+#include "window/MyTreeWidget.h"
+#include "window/ReportText.h"
+
+#include <QFileInfo>
+
+QString BrowseRepair::pathOfSampleRow() const
+{
+    for (const RefScan &entry : lstRowButtons) {
+        if (entry.nId != pApp->nSampleFormatId) continue;
+        const QTreeWidgetItem *row = firstRowNamed(entry.strName, Qt::CaseInsensitive);
+        return row ? row->text(column::Path) : QString();
+    }
+    return {};
+}
+
+void BrowseRepair::OnRepairHEICWithRefFiles()
+{
+    if (m_leaving) setFlag(pApp->bStopRepair, true);
+    postToRun([this] {
+        emit ShowString();
+        emit displayItem();
+        emit EnableProgressBar();
+        emit ShowProgress();
+    });
+    const QString path = m_plan.rows.value(0).path;
+    const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, path);
+    const OutputRows rows = makeSampleRows(outcome);
+    const bool stopped = stopRequested();
+    if (stopped) resetRunFields();
+    postToRun([this, rows, stopped, fileName = QFileInfo(path).fileName(), text = reportText(outcome)] {
+        showHeicSampleOutput(fileName, rows, text);
+        m_stopSeen = stopped;
+        emit CompletionMsgBox();
+    });
+}
+
+void BrowseRepair::showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const QString &text)
+{
+    QTreeWidgetItem *target = firstRowNamed(fileName, Qt::CaseInsensitive);
+    if (!target) return;
+    if (!rows.rows.isEmpty()) {
+        target->setText(column::Status, QLatin1String(status::Repaired));
+        addOutputRow(target, rows.rows.first(), false, false);
+        target->child(target->childCount() - 1)->setCheckState(column::Name, Qt::Checked);
+        bHasRepaired = true;
+        for (int i = 0; i < lstRowButtons.size(); ++i) {
+            if (lstRowButtons[i].strName.compare(fileName, Qt::CaseInsensitive) != 0) continue;
+            emit showCustomButton(unsigned(i));
+            break;
+        }
+    }
+    setReportTip(target, text);
+}

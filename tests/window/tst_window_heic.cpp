@@ -1,0 +1,83 @@
+// HEIC in the window: the rows of a run, the repair with a sample, the panel that shows a result, saving.
+
+#include "support/HeicMaker.h"
+#include "window/Photos.h"
+#include "window/WindowRoom.h"
+
+#include <QLabel>
+
+class TestWindowHeic : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void runPreviewAndSave();
+    void sampleForOne_data();
+    void sampleForOne();
+};
+
+void TestWindowHeic::runPreviewAndSave()
+{
+    WindowRoom room;
+    room.platform.kind = PreviewKind::Helper;
+    const MadeHeic healthy = makeHeic();
+    room.add({room.source("a b.heic", healthy.bytes), room.source("c.HEIC", makeHeic({.seed = 2}).bytes)});
+    QVERIFY(room.repair());
+    QCOMPARE(room.rows(),
+             (QStringList{"a b.heic||5||", " a b.heic|Repaired|4|x|0x0", "c.HEIC||5||", " c.heic|Repaired|4|x|"}));
+    room.clickRow(room.row("a b.heic", true));
+    const QString result = room.result("HEIC_Repaired/a b.heic");
+    QTRY_COMPARE(room.platform.calls, QStringList("preview " + result));
+    QVERIFY(room.find<QLabel>("Preview_Label")->isVisible());
+
+    room.chooser.answers.push_back({room.destination()});
+    room.script.expect("SavingFinishDlg", "OkBtn");
+    QVERIFY(room.click("SaveRepairBtn_2"));
+    QCOMPARE(WindowRoom::filesBelow(room.destination()),
+             (QStringList{"RepairedFiles/HEIC_Repaired/a b.heic", "RepairedFiles/HEIC_Repaired/c.heic"}));
+    QCOMPARE(contents(room.destination() + "/RepairedFiles/HEIC_Repaired/a b.heic"), expectedRewrite(healthy, healthy));
+    QCOMPARE(room.complaint(), QString());
+}
+
+void TestWindowHeic::sampleForOne_data()
+{
+    QTest::addColumn<int>("tiles");
+    QTest::addColumn<int>("entryCount");
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("48 tiles") << 48 << 0x33 << "standard";
+    QTest::newRow("36 tiles") << 36 << 0x27 << "square";
+    QTest::newRow("35 tiles") << 35 << 0x26 << "standard_selfie";
+    QTest::newRow("25 tiles") << 25 << 0x1C << "square_selfie";
+}
+
+void TestWindowHeic::sampleForOne()
+{
+    QFETCH(int, tiles);
+    QFETCH(int, entryCount);
+    QFETCH(QString, kind);
+    WindowRoom room;
+    const MadeHeic sample = makeHeic({.tiles = tiles, .entryCount = entryCount});
+    const MadeHeic lost = makeHeic({.tiles = tiles, .entryCount = entryCount, .seed = 2});
+    room.add({room.source("a.HEIC", lost.stream), room.source("b.HEIC", lost.stream)});
+    QVERIFY(room.repair());
+    QCOMPARE(room.rows(), (QStringList{"a.HEIC||2||", "b.HEIC||2||"}));
+
+    room.chooser.answers.push_back({room.source("sample/s.heic", sample.bytes)});
+    room.script.expect("AdvancedRepairDlg", "NextBtn", [kind](QDialog *dialog) {
+        QVERIFY(dialog->findChild<QLabel *>("label")->text().contains("' sample HEIC " + kind + " '"));
+    });
+    room.script.expect("ReferenceFileDlg", "RepairBtn", [](QDialog *dialog) {
+        dialog->findChild<QAbstractButton *>("BrowseBtn")->click();
+        dialog->findChild<QAbstractButton *>("checkBox")->click(); // of no effect here: one file a run
+    });
+    room.script.expect("CompletionMsg", "OkBtn");
+    QTest::mouseClick(room.rowButton("b.HEIC"), Qt::LeftButton);
+    QVERIFY(room.rest());
+    QCOMPARE(room.complaint(), QString());
+    QCOMPARE(room.rows(), (QStringList{"a.HEIC||2||", "b.HEIC||5||", " b.HEIC|Repaired|4|x|"}));
+    QVERIFY(!room.rowButton("b.HEIC")->isVisible());
+    QCOMPARE(contents(room.result("HEIC_Repaired/b.HEIC")), expectedRewrite(sample, lost));
+}
+
+QTEST_MAIN(TestWindowHeic)
+#include "tst_window_heic.moc"
