@@ -1,9 +1,9 @@
 #include "desktop/Languages.h"
 
 #include "app/KesmiraApp.h"
+#include "desktop/LinkFile.h"
 
 #include <QCoreApplication>
-#include <QSettings>
 
 #include <limits>
 
@@ -90,10 +90,8 @@ void setLanguageFlags(int number)
 
 int storedLanguage()
 {
-    if (pApp->strLinkPlistPath.isEmpty()) return kNoLanguage;
-    const QSettings settings(pApp->strLinkPlistPath, QSettings::NativeFormat);
     bool isNumber = false;
-    const int number = settings.value("LanguageType", kNoLanguage).toInt(&isNumber);
+    const int number = linkFile::value(pApp->strLinkPlistPath, QStringLiteral("LanguageType")).toInt(&isNumber);
     return isNumber ? number : kNoLanguage;
 }
 

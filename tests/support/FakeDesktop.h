@@ -60,6 +60,7 @@ public:
     bool startPreviewHelper(const QString &, const QString &file) override { return note("preview " + file); }
     void endPreviewHelper(unsigned int pid) override { note("end " + QString::number(pid)); }
     bool startApplication(const QString &path) override { return note("start " + path); }
+    QString userSettingsFile(const QString &shipped) override { return shipped; }
     QString destinationRefusal(const QString &) override { return refusal; }
 
 private:

@@ -58,6 +58,10 @@ public:
     /// Starts another application, given by its bundle's path.
     virtual bool startApplication(const QString &bundlePath) = 0;
 
+    /// Where the user's own changes of the settings file shipped as `shipped` are kept: `shipped` itself, or a file of the
+    /// user's that need not exist yet.
+    virtual QString userSettingsFile(const QString &shipped) = 0;
+
     /// "" if results may be saved below `folder`, else the text to show a person.
     virtual QString destinationRefusal(const QString &folder) = 0;
 };

@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QSysInfo>
 #include <QTemporaryFile>
 
@@ -183,6 +184,13 @@ bool PlatformLinux::startApplication(const QString &bundlePath)
 {
     const QString program = programOf(bundlePath);
     return !program.isEmpty() && QProcess::startDetached(program, {});
+}
+
+QString PlatformLinux::userSettingsFile(const QString &shipped)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const QString name = QFileInfo(shipped).fileName();
+    return folder.isEmpty() || name.isEmpty() ? QString() : folder + "/kesmira/" + name;
 }
 
 QString PlatformLinux::destinationRefusal(const QString &folder)

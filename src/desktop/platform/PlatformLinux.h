@@ -23,6 +23,8 @@ public:
     /// Ends a process that `previewHelpers` listed, if it still is that helper.
     void endPreviewHelper(unsigned int pid) override;
     bool startApplication(const QString &bundlePath) override;
+    /// The file of the same name in the folder "kesmira" of the user's configuration.
+    QString userSettingsFile(const QString &shipped) override;
     QString destinationRefusal(const QString &folder) override;
 
     /// The program behind a bundle ("X.app", a folder) or beside where the bundle would lie ("X"); empty if there is none.

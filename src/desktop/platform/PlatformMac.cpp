@@ -97,6 +97,11 @@ bool PlatformMac::startApplication(const QString &bundlePath)
     return run(commandText::startApplication(bundlePath));
 }
 
+QString PlatformMac::userSettingsFile(const QString &shipped)
+{
+    return shipped;
+}
+
 QString PlatformMac::destinationRefusal(const QString &folder)
 {
     if (commandText::isReadOnlyPlace(systemVersion(), folder)) return readOnlyDestinationText();

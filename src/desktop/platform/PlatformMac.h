@@ -17,5 +17,7 @@ public:
     bool startPreviewHelper(const QString &helperPath, const QString &file) override;
     void endPreviewHelper(unsigned int pid) override;
     bool startApplication(const QString &bundlePath) override;
+    /// The shipped file itself: its system lets an installed bundle be written.
+    QString userSettingsFile(const QString &shipped) override;
     QString destinationRefusal(const QString &folder) override;
 };

@@ -1,0 +1,49 @@
+#include "desktop/LinkFile.h"
+
+#include "app/KesmiraApp.h"
+#include "desktop/Languages.h"
+#include "desktop/platform/Platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+
+QVariant linkFile::value(const QString &path, const QString &key)
+{
+    if (path.isEmpty()) return {};
+    for (const QString &file : {platform().userSettingsFile(path), path}) {
+        if (file.isEmpty() || !QFileInfo(file).isFile()) continue;
+        const QVariant value = QSettings(file, QSettings::NativeFormat).value(key);
+        if (value.isValid()) return value;
+    }
+    return {};
+}
+
+QString linkFile::text(const QString &key)
+{
+    const QVariant found = value(pApp->strLinkPlistPath, key);
+    // An unquoted comma in the file makes a list of the text.
+    return found.type() == QVariant::StringList ? found.toStringList().join(QStringLiteral(", ")) : found.toString();
+}
+
+QString linkFile::languageText(const QString &base)
+{
+    const Language *language = currentLanguage();
+    return language ? text(base + '_' + language->folder) : QString();
+}
+
+bool linkFile::store(const QString &path, const QString &key, const QVariant &value)
+{
+    const QString own = path.isEmpty() ? QString() : platform().userSettingsFile(path);
+    if (own.isEmpty()) return false;
+    if (own != path && !QFileInfo::exists(own)) {
+        QDir().mkpath(QFileInfo(own).path());
+        // The copy keeps the rights of the shipped file, which may be one for reading only.
+        if (QFile::copy(path, own)) QFile::setPermissions(own, QFile::ReadOwner | QFile::WriteOwner);
+    }
+    QSettings settings(own, QSettings::NativeFormat);
+    settings.setValue(key, value);
+    settings.sync();
+    return settings.status() == QSettings::NoError;
+}
