@@ -56,9 +56,11 @@ int main(int argc, char *argv[])
     pApp->strPreviewHelperPath.clear();
     bChineseCustomBuild = KESMIRA_CHINESE_BUILD;
     pApp->bChineseBuild = KESMIRA_CHINESE_BUILD;
+    pApp->GetOtherAppsPlistPath();
     setApplicationPaths(QCoreApplication::applicationDirPath());
     setUpLanguage();
     const QSettings preferences(QStringLiteral("vorlane"), QStringLiteral("KMPRepairPreferences"));
+    pApp->GetPlistLinks();
 
     const QString tables = checkBuiltInTables();
     if (!tables.isEmpty()) return refuse(tables);

@@ -96,10 +96,10 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
     pDropButton->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
     if (!bListSetUp) {
-        setUpList(QRect(25, 240, 800, 250),
-                  {tr("  File Name"), tr("  Path"), tr(" Size (KB)"), QStringLiteral("FileID"),
-                   QStringLiteral("ParentID"), QStringLiteral("Status"), QStringLiteral("TemporaryPath"),
-                   tr(" Modified Date"), tr(" Created Date")});
+        setUpList(QRect(25, 240, 800, 250), [] {
+            return ListHeads{tr("  File Name"), tr("  Path"), tr(" Size (KB)"), tr(" Modified Date"),
+                             tr(" Created Date")};
+        });
         pFileList->setFont(look::font(QStringLiteral("Lucida Grande"), 12));
         setListWidths(90, 165);
     }
@@ -121,10 +121,9 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     pDropButton->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
     if (!bListSetUp) {
-        setUpList(QRect(24, 226, 692, 270),
-                  {tr("   File Name"), tr(" Path"), tr(" Size(KB)"), QStringLiteral("FileID"),
-                   QStringLiteral("ParentID"), QStringLiteral("Status"), QStringLiteral("TemporaryPath"),
-                   tr("Modified date"), tr("Created date")});
+        setUpList(QRect(24, 226, 692, 270), [] {
+            return ListHeads{tr("   File Name"), tr(" Path"), tr(" Size(KB)"), tr("Modified date"), tr("Created date")};
+        });
         pFileList->setSortingEnabled(true);
         pFileList->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 13));
         setListWidths(100, 150);
@@ -136,14 +135,20 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     pApp->bFileListActive = true;
 }
 
-void BrowseRepair::setUpList(const QRect &geometry, const QStringList &headers)
+void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)())
 {
     bListSetUp = true;
     pFileList->pDropArea->hide();
     pFileList->setFocusPolicy(Qt::StrongFocus);
     pFileList->setHeaderHidden(false);
     pFileList->setColumnCount(ListColumns);
-    pFileList->setHeaderLabels(headers);
+    say(pFileList, [this, heads] {
+        const ListHeads words = heads();
+        pFileList->setHeaderLabels({words.name, words.path, words.size, QStringLiteral("FileID"),
+                                    QStringLiteral("ParentID"), QStringLiteral("Status"),
+                                    QStringLiteral("TemporaryPath"), words.modified, words.created});
+        widenForHeaders(pFileList);
+    });
     pFileList->setGeometry(geometry);
     pFileList->setFrameStyle(int(QFrame::Panel) | int(QFrame::Sunken));
     pFileList->setAutoFillBackground(true);
