@@ -83,11 +83,13 @@ void BrowseRepair::ComeToFront(const QStringList &paths)
     raise();
     activateWindow();
     m_handedOver += paths;
-    if (ui->frame->isVisible() && !m_takingFiles) takeHandedOver();
+    if (ui->frame->isVisible()) takeHandedOver();
 }
 
 void BrowseRepair::takeHandedOver()
 {
+    // The list is being filled: who fills it takes them afterwards.
+    if (m_takingFiles) return;
     const QStringList paths = m_handedOver;
     m_handedOver.clear();
     AddNamedFiles(paths);
@@ -115,6 +117,7 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
     ui->Add_FilesmainString->hide();
     showListState();
     pApp->bFileListActive = true;
+    takeHandedOver();
 }
 
 void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
@@ -140,6 +143,7 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     ui->AddFilesBtn->setEnabled(true);
     showListState();
     pApp->bFileListActive = true;
+    takeHandedOver();
 }
 
 void BrowseRepair::setUpList(const QRect &geometry, const QStringList &headers)
