@@ -5,6 +5,7 @@
 #include "dialogs/MessageBox.h"
 #include "window/BrowseRepair.h"
 #include "window/DrgDrp.h"
+#include "window/KindIcon.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QCoreApplication>
@@ -31,13 +32,6 @@ const QStringList &dropSuffixes()
 {
     static const QStringList suffixes{"jpg", "jpeg", "JPG", "JPEG"};
     return suffixes;
-}
-
-QIcon iconFor(const QString &suffix)
-{
-    const QString upper = suffix.toUpper();
-    const char *kind = upper == "JPG" || upper == "JPEG" ? "jpeg" : upper == "HEIC" || upper == "HEIF" ? "heic" : "raw";
-    return QIcon(QStringLiteral(":/res/file-%1.png").arg(QString::fromLatin1(kind)));
 }
 
 QString dateText(const QDateTime &date)
@@ -235,7 +229,7 @@ void BrowseRepair::fillRow(QTreeWidgetItem *item, const QString &path, bool with
     if (file.isDir()) return; // the row stays without content
     item->setText(Name, file.fileName());
     item->setCheckState(Name, Qt::Checked);
-    if (withIcon) item->setIcon(Name, iconFor(file.suffix()));
+    if (withIcon) item->setIcon(Name, kindIcon(file.suffix()));
     item->setText(Path, path);
     item->setToolTip(Name, path);
     item->setToolTip(Path, path);

@@ -5,9 +5,11 @@
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
+#include "window/KindIcon.h"
 #include "window/MyTreeWidget.h"
 #include "window/ui_BrowseRepairObj.h"
 
+#include <QFileInfo>
 #include <QPixmap>
 
 QString BrowseRepair::typeText(const QString &type)
@@ -52,7 +54,10 @@ void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output
     if (leftAligned) row->setTextAlignment(column::Type, Qt::AlignLeft | Qt::AlignVCenter);
     if (withResolution) row->setText(column::Resolution, output.resolution);
     row->setText(column::Status, output.statusCode);
-    if (!output.icon.isNull()) row->setIcon(column::Name, QIcon(QPixmap::fromImage(output.icon)));
+    // The judge, which makes the small pictures, decodes no HEIC.
+    row->setIcon(column::Name,
+                 output.icon.isNull() ? kindIcon(QFileInfo(output.name).suffix())
+                                      : QIcon(QPixmap::fromImage(output.icon)));
     source->addChild(row);
     emit ExpandThumb(source);
     curFileInfo.strName = output.name;

@@ -96,7 +96,7 @@ CustomButton *BrowseRepair::makeButton(int index)
     entry.pButton->setCursor(Qt::PointingHandCursor);
     entry.pButton->setAccessibleName(tr("Advance repair") + ' ' + entry.strName);
     entry.pButton->setToolTip(sourceRow(index)->toolTip(column::Name));
-    pResultTree->setItemWidget(sourceRow(index), column::Type, entry.pButton);
+    pResultTree->setRowButton(sourceRow(index), column::Type, entry.pButton);
     connect(entry.pButton, &CustomButton::MousePressed, this, &BrowseRepair::OnClickAddReference);
     return entry.pButton;
 }
