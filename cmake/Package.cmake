@@ -2,15 +2,12 @@
 #
 # The program keeps the shape of its bundle below lib/kesmira, for it finds its companions from its own folder; people
 # start it by what lies in bin.
-include(GNUInstallDirs)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
     WORLD_READ WORLD_EXECUTE)
-set(KESMIRA_PACKAGED_BUNDLE lib/kesmira)
 set(package_files "${CMAKE_BINARY_DIR}/package-files")
 
-set(KESMIRA_PACKAGED_PROGRAMS
-    "${KESMIRA_PACKAGED_BUNDLE}/Kesmira.app/Contents/Resources/Kesmira.app/Contents/MacOS")
-install(TARGETS kesmira kesmira-international kesmira-batch FileUtil RUNTIME DESTINATION ${KESMIRA_PACKAGED_PROGRAMS})
+set(KESMIRA_PACKAGED_PROGRAMS "lib/kesmira/${KESMIRA_BUNDLE_PROGRAMS}")
+install(DIRECTORY "${KESMIRA_STAGE}/" DESTINATION lib/kesmira USE_SOURCE_PERMISSIONS)
 
 # Starters: the programs look where they really lie, so a link serves.
 function(kesmira_link folder name target)
@@ -76,12 +73,12 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, default-dbus-session-bus | dbus-session-bus")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-cjk")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "Kesmira repairs photographs that no viewer opens any more. Of a JPEG it keeps
-what is sound, replaces damaged tables from a library of those that cameras use,
-and brings out the smaller pictures that lie inside the file. Out of a camera
-raw file it takes the JPEG pictures that the camera put inside, and a HEIC whose
-index is damaged is written anew from its tiles.
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "Kesmira repairs photographs that no viewer opens any more. Of a JPEG it
+keeps what is sound, replaces damaged tables from a library of those that
+cameras use, and brings out the smaller pictures that lie inside the file.
+Out of a camera raw file it takes the JPEG pictures that the camera put
+inside, and a HEIC whose index is damaged is written anew from its tiles.
 .
-Sources are opened for reading only. Besides the window there is a program for
-the command line, kesmira-batch.")
+Sources are opened for reading only. Besides the window there is a program
+for the command line, kesmira-batch.")
 include(CPack)

@@ -225,7 +225,8 @@ void TestPackage::commandLineWithoutADisplay()
     }
     const Outcome wrong = run(KESMIRA_WINDOW_PROGRAM, {"--such"}, {"QT_QPA_PLATFORM=offscreen"});
     QCOMPARE(wrong.status, 2);
-    QVERIFY2(wrong.err.contains("such") && wrong.err.count('\n') == 1, qPrintable(wrong.err));
+    // The toolkit may have words of its own.
+    QVERIFY2(allMatches("^kesmira: (.*such.*)$", wrong.err).size() == 1, qPrintable(wrong.err));
 }
 
 /// The changelog gives the package its date; whatever else names a release must name the same.
@@ -260,7 +261,9 @@ void TestPackage::pagesAreWellFormed()
         run("man", {"--warnings", "-E", "UTF-8", "-l", "-Tutf8", kPackaging + "man/" + page}, {"LC_ALL=C.UTF-8"});
     QCOMPARE(outcome.status, 0);
     QCOMPARE(outcome.err, QString());
-    QVERIFY(outcome.out.contains("SYNOPSIS"));
+    QString shown = outcome.out;
+    shown.remove(QRegularExpression(".\x08")); // struck twice, for bold letters
+    QVERIFY2(shown.contains("SYNOPSIS"), qPrintable(shown));
 }
 
 void TestPackage::desktopFiles_data()
