@@ -77,11 +77,13 @@ void BrowseRepair::ComeToFront(const QStringList &paths)
     raise();
     activateWindow();
     m_handedOver += paths;
-    if (ui->frame->isVisible() && !m_takingFiles) takeHandedOver();
+    if (ui->frame->isVisible()) takeHandedOver();
 }
 
 void BrowseRepair::takeHandedOver()
 {
+    // The list is being filled: who fills it takes them afterwards.
+    if (m_takingFiles) return;
     const QStringList paths = m_handedOver;
     m_handedOver.clear();
     AddNamedFiles(paths);
@@ -109,6 +111,7 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
     ui->Add_FilesmainString->hide();
     showListState();
     pApp->bFileListActive = true;
+    takeHandedOver();
 }
 
 void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
@@ -133,6 +136,7 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     ui->AddFilesBtn->setEnabled(true);
     showListState();
     pApp->bFileListActive = true;
+    takeHandedOver();
 }
 
 void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)())
