@@ -77,6 +77,7 @@ int main(int argc, char *argv[])
     pApp->strPreviewHelperPath.clear();
     bChineseCustomBuild = KESMIRA_CHINESE_BUILD;
     pApp->bChineseBuild = KESMIRA_CHINESE_BUILD;
+    if (pApp->bChineseBuild) qputenv("KESMIRA_CHINESE", "1"); // the preview helper speaks the language of this window
     pApp->GetOtherAppsPlistPath();
     setApplicationPaths(QCoreApplication::applicationDirPath());
     setUpLanguage();

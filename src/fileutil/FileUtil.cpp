@@ -1,5 +1,7 @@
 #include "fileutil/FileUtil.h"
 
+#include "desktop/Languages.h"
+#include "desktop/Paths.h"
 #include "fileutil/DecodeProcess.h"
 #include "fileutil/HeicPanel.h"
 #include "fileutil/PictureExport.h"
@@ -79,6 +81,15 @@ int runWithoutWindow(const QStringList &arguments, QString &file)
     return parser.isSet("export") ? exportTo(parser.value("export"), file) : -1;
 }
 
+/// The language that the main program keeps in its settings, which lie where this program's folder leads to.
+void speakLanguageOfWindow()
+{
+    bChineseCustomBuild = qEnvironmentVariableIsSet("KESMIRA_CHINESE");
+    setApplicationPaths(QCoreApplication::applicationDirPath());
+    setLanguageFlags(storedLanguage());
+    loadTranslators();
+}
+
 } // namespace
 
 int runFileUtil(int argc, char **argv)
@@ -92,6 +103,7 @@ int runFileUtil(int argc, char **argv)
     }
     QApplication application(argc, argv);
     initResources();
+    speakLanguageOfWindow();
     HeicPanel panel(file);
     panel.show();
     panel.raise();

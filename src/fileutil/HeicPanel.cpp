@@ -1,8 +1,10 @@
 #include "fileutil/HeicPanel.h"
 
+#include "desktop/Languages.h"
 #include "fileutil/PictureExport.h"
 
 #include <QColorSpace>
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
@@ -10,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -26,13 +27,25 @@ constexpr double kStep = 1.25;
 constexpr double kLargest = 16.0;
 constexpr double kSmallest = 1.0 / 32;
 
-/// The picture that stands for a file without a preview, in the reader's language.
-QPixmap noPreview()
+/// What the parts of this program say in English, in the reader's language; what the decoder's library says, as it is.
+QString problemText(const QString &problem)
 {
-    const QString language = QLocale::system().name().left(2);
-    static const QStringList own{"fr", "it", "es", "de"};
-    const QString mark = language == "ja" ? "cja" : language == "zh" ? "cn" : own.contains(language) ? language : "en";
-    return QPixmap(":/res/preview" + mark + ".png");
+    static const char *const known[] = {
+        QT_TRANSLATE_NOOP("HeicProblem", "the file can't be read"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the file is too large"),
+        QT_TRANSLATE_NOOP("HeicProblem", "it isn't a HEIC, or holds image tiles alone"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the file holds image tiles alone, or isn't a rewritten one"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the index of the picture's tiles is broken"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the picture can't be decoded"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the picture has more pixels than can be shown"),
+        QT_TRANSLATE_NOOP("HeicProblem", "there is no memory for the picture"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the decoder broke off"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the decoder can't be started"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the decoder broke off: the file is damaged, or asks for too much"),
+    };
+    for (const char *text : known)
+        if (problem == QLatin1String(text)) return QCoreApplication::translate("HeicProblem", text);
+    return problem;
 }
 
 QPixmap forScreen(const DecodedHeic &decoded)
@@ -141,8 +154,8 @@ void HeicPanel::showDecoded(const DecodedHeic &decoded)
 
 void HeicPanel::showProblem(const QString &problem)
 {
-    m_message->setText(tr("This file can't be shown: %1.").arg(problem));
-    setPicture(noPreview());
+    m_message->setText(tr("This file can't be shown: %1.").arg(problemText(problem)));
+    setPicture(QPixmap(noPreviewPicture()));
 }
 
 void HeicPanel::setPicture(const QPixmap &picture)
@@ -242,5 +255,5 @@ void HeicPanel::saveAs()
         const QByteArray bytes = exportBytes(kind, m_path, m_decoded, problem);
         if (problem.isEmpty()) problem = replaceFile(target, bytes, m_path);
     }
-    if (!problem.isEmpty()) QMessageBox::warning(this, tr("Save as"), problem);
+    if (!problem.isEmpty()) QMessageBox::warning(this, tr("Save as"), problemText(problem));
 }

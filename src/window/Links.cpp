@@ -4,7 +4,8 @@
 #include "desktop/LinkFile.h"
 #include "desktop/platform/Platform.h"
 #include "dialogs/AboutDlg.h"
-#include "dialogs/MessageBox.h"
+#include "update/QCheckUpdate.h"
+#include "update/UpdateState.h"
 #include "window/BrowseRepair.h"
 #include "window/MyTreeWidget.h"
 
@@ -91,7 +92,7 @@ void BrowseRepair::onAbout()
 
 void BrowseRepair::onUpdateWizard()
 {
-    pMessageBox->setPicture(QStringLiteral(":/res/info.png"));
-    pMessageBox->setText(tr("This program is updated by the system that installed it."));
-    pMessageBox->exec();
+    bCheckForUpdate = true;
+    auto *check = new QCheckUpdate(this);
+    check->show();
 }

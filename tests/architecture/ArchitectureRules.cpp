@@ -27,7 +27,7 @@ const QVector<Room> &rooms()
         {"engine", {"tables", "app", "salvage"}, plain},
         {"save", {"engine", "tables", "app"}, plain},
         {"batch", engineSide, plain},
-        {"fileutil", engineSide, plain + QStringList{"QtWidgets"}},
+        {"fileutil", engineSide + QStringList{"desktop"}, plain + QStringList{"QtWidgets"}},
         {"desktop", engineSide, desktop},
         {"dialogs", engineSide + QStringList{"desktop"}, desktop},
         {"update", engineSide + QStringList{"desktop", "dialogs"}, desktop},

@@ -48,6 +48,7 @@ public:
     QStringList calls; ///< "show PATH", "open ADDRESS", "preview FILE", "end PID", "start PATH"
     PreviewKind kind = PreviewKind::None;
     QString refusal;
+    QString installProblem;
     QStringList there;           ///< applications that can be started
     QList<unsigned int> helpers; ///< process ids
     SystemDescription description;
@@ -64,6 +65,11 @@ public:
     bool isApplicationThere(const QString &path) override { return there.contains(path); }
     bool startApplication(const QString &path) override { return note("start " + path); }
     QString userSettingsFile(const QString &shipped) override { return shipped; }
+    QString installBundle(const QString &, const QString &bundle, const QString &, const QString &folder) override
+    {
+        note("install " + folder + '/' + bundle);
+        return installProblem;
+    }
     QString destinationRefusal(const QString &) override { return refusal; }
 
 private:

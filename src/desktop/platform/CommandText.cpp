@@ -143,6 +143,20 @@ QString openAddress(const QString &browser, const QString &address)
     return "open -a " + bare(browser) + ' ' + quoted(address);
 }
 
+QStringList installSteps(const QString &folder)
+{
+    const QString scratch = QStringLiteral("/var/tmp/Vorlane/");
+    const QString fresh = scratch + "Kesmira.app";
+    const QString archive = scratch + "Kesmira.zip";
+    const QString place = folder + "/Kesmira.app";
+    return {"rm -R " + fresh,
+            "unzip " + archive + " -d" + scratch,
+            "rm -R " + archive,
+            "rm -R " + quoted(place),
+            "ditto -rsrc " + quoted(fresh) + ' ' + quoted(place),
+            "rm -R " + fresh};
+}
+
 bool isReadOnlyPlace(const QString &version, const QString &folder)
 {
     bool isAffected = false;

@@ -42,6 +42,9 @@ QString startApplication(const QString &bundlePath);
 /// Opens an address with a browser, whose name stands bare.
 QString openAddress(const QString &browser, const QString &address);
 
+/// The commands that put the downloaded bundle in the place of the one in `folder`, in their order.
+QStringList installSteps(const QString &folder);
+
 /// True for a folder directly below "/" on the versions that keep the root read-only.
 bool isReadOnlyPlace(const QString &version, const QString &folder);
 

@@ -64,6 +64,11 @@ public:
     /// user's that need not exist yet.
     virtual QString userSettingsFile(const QString &shipped) = 0;
 
+    /// Puts the bundle `bundleName` of the zip `archive` in the place of the one in `folder`. `program` is the running
+    /// program's path in the bundle. Returns "" or what a person is told. May be called from another thread.
+    virtual QString installBundle(const QString &archive, const QString &bundleName, const QString &program,
+                                  const QString &folder) = 0;
+
     /// "" if results may be saved below `folder`, else the text to show a person.
     virtual QString destinationRefusal(const QString &folder) = 0;
 };

@@ -1,6 +1,7 @@
 #include "desktop/platform/PlatformLinux.h"
 
 #include "app/KesmiraApp.h"
+#include "desktop/platform/BundleInstall.h"
 #include "desktop/platform/CommandText.h"
 #include "desktop/platform/DefaultBrowser.h"
 #include "save/Destination.h"
@@ -196,6 +197,12 @@ QString PlatformLinux::userSettingsFile(const QString &shipped)
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const QString name = QFileInfo(shipped).fileName();
     return folder.isEmpty() || name.isEmpty() ? QString() : folder + "/kesmira/" + name;
+}
+
+QString PlatformLinux::installBundle(const QString &archive, const QString &bundleName, const QString &program,
+                                     const QString &folder)
+{
+    return installBundleFromArchive(archive, bundleName, program, folder);
 }
 
 QString PlatformLinux::destinationRefusal(const QString &folder)

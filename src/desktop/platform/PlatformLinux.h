@@ -26,6 +26,9 @@ public:
     bool startApplication(const QString &bundlePath) override;
     /// The file of the same name in the folder "kesmira" of the user's configuration.
     QString userSettingsFile(const QString &shipped) override;
+    /// A failed step leaves the installed program as it was.
+    QString installBundle(const QString &archive, const QString &bundleName, const QString &program,
+                          const QString &folder) override;
     QString destinationRefusal(const QString &folder) override;
 
     /// The program behind a bundle ("X.app", a folder) or beside where the bundle would lie ("X"); empty if there is none.

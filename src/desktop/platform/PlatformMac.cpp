@@ -107,6 +107,12 @@ QString PlatformMac::userSettingsFile(const QString &shipped)
     return shipped;
 }
 
+QString PlatformMac::installBundle(const QString &, const QString &, const QString &, const QString &folder)
+{
+    for (const QString &step : commandText::installSteps(folder)) run(step);
+    return {};
+}
+
 QString PlatformMac::destinationRefusal(const QString &folder)
 {
     if (commandText::isReadOnlyPlace(systemVersion(), folder)) return readOnlyDestinationText();

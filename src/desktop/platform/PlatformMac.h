@@ -20,5 +20,8 @@ public:
     bool startApplication(const QString &bundlePath) override;
     /// The shipped file itself: its system lets an installed bundle be written.
     QString userSettingsFile(const QString &shipped) override;
+    /// By the command lines of commandText::installSteps, none of whose results is looked at.
+    QString installBundle(const QString &archive, const QString &bundleName, const QString &program,
+                          const QString &folder) override;
     QString destinationRefusal(const QString &folder) override;
 };

@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>关于 Kesmira</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>修复损坏的照片。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>计算机</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>系统</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>系统版本</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>处理器</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>使用 Qt %1（LGPL 3）、libheif（LGPL 3）和 libarchive（BSD）构建。许可证随程序文档提供。</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>高级修复
+
+使用此选项修复严重损坏的 JPEG。 
+单击“下一步”，添加一张用同一设备拍摄的 
+相同格式的“样本 JPEG”。 
+修复过程中，样本和损坏的 JPEG 
+保持不变。</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>高级修复
+
+使用此选项修复严重损坏的 HEIC。 
+单击“下一步”添加 &apos; 样本 HEIC </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> （相同格式）。修复过程中，样本和损坏的 HEIC 保持不变。</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>高级修复</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一步</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>文件已存在</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>文件名：</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>重命名为：</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>覆盖</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>跳过</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>全部重命名</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>全部覆盖</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>全部跳过</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>此操作将清除修复结果。
+是否返回上一屏幕？</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>所选目标路径为只读（受操作系统限制</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>请选择其他位置以继续。</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>添加文件</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>单击以添加照片，或将 JPEG 文件拖到此处。</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>待修复的文件</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>修复结果</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>选择一个或多个要打开的文件</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  文件名</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  路径</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> 大小 (KB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> 修改日期</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> 创建日期</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   文件名</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> 路径</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> 大小 (KB)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>修改日期</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>创建日期</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>该文件已在列表中。</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>概述(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>技术支持</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>给技术支持发邮件(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>提交咨询</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>知识库</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>检查更新(&amp;U)...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>关于 Kesmira(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>添加(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>修复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>停止(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>保存已修复的照片(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>返回(&amp;B)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>退出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>更多工具</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>恢复数据</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>监控驱动器</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>修复视频</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>恢复照片</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>未安装此工具。</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>单击“保存已修复的照片”可保存所有修复的照片。单击文件可预览。 </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>修复完成。</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>高级修复</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>已中止</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>正在修复文件 </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>/</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>已修复</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>已提取</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>缩略图</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>高级修复</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>正在修复所选照片</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>根据照片数量和文件大小，可能需要一些时间。请等待处理完成。</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> 文件名</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> 类型</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> 分辨率</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>正在修复所选照片</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>正在修复文件： </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>选择文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>单击“添加”以添加损坏的 JPEG 文件。也可以将它们拖到上方区域。</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>移除文件</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>修复</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>保存已修复的照片</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>显示缩略图</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>无法读取更新。</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>更新为空。</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>更新已损坏。</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>更新包含不应有的内容，已被拒绝。</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>无法解压更新：更新已损坏或磁盘已满。</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>已安装的程序不在原来的位置。</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>程序安装在您无法更改的位置。请由安装者进行更新。</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>更新中不包含程序。</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>无法放置新版本：%1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>正在查找新版本...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>确定要退出吗？</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>修复完成</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>修复完成。
+
+如有缩略图，将以 &apos;filename_Tx&apos; 的形式列出。
+缩略图是大尺寸 JPEG 的小图像。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>服务器发送的数据超出更新的大小。</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>移除文件</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>文件夹已存在</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>文件夹已存在</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>文件夹名称： </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>重命名为： </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>覆盖</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>正在读取图像 ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>缩小</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>放大</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>另存为</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 像素</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>无法显示此文件：%1。</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;其他程序可打开的 HEIC (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>名称必须以 .png、.jpg 或 .heic 结尾。</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>无法读取文件</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>文件过大</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>不是 HEIC，或只包含图像分块</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>文件只包含图像分块，或不是重写的文件</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>图像分块的索引已损坏</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>无法解码图像</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>图像像素过多，无法显示</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>内存不足，无法显示图像</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>解码器已中断</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>无法启动解码器</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>解码器已中断：文件已损坏或要求过高</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>主要</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>主要更新</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>次要</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>次要更新</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>没有可用的更新。</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>已用时间： </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> 秒 </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> MB /  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> MB 已复制) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>传输速率： </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> KB/秒 </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>此程序由安装它的系统进行更新。</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>请稍候，此过程可能需要 </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>几秒到几分钟 </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>添加文件</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>添加样本 HEIC：</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>添加样本 JPEG：</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>高级修复</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>添加样本 JPEG：</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> 应用于所有相同格式的文件。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>修复</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>由自身的数据段重建</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>文件内的图像</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>从第一个可用数据段重建</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>用样本的文件头重建</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>通过文件自身的索引找到</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>通过搜索文件找到</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>索引已重新写入</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>无法读取文件。</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>文件为空。</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>文件过大。</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>此文件格式无法修复。</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>文件头已丢失。同一相机的样本可能有帮助。</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>重建的内容无法作为图像打开。</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>文件不含预览图像。</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>图像分块的数量不在已知范围内。</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>索引已丢失。同一相机的样本可能有帮助。</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>磁盘已满或无法写入。</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>在此文件完成前已停止。</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>已替换的量化表：%n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>已替换的霍夫曼表：%n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>已清除的图像数据非法字节：%1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>跳过的字节：%1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>未能从此文件中得到任何内容。</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>无效文件</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>缺少重要标记。无法修复文件。</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>未找到缩略图</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>缺少标记。无法提取缩略图</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(缩略图损坏)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(无缩略图)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(无效文件)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>保存完成</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>图像已成功保存。</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>单击此处</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>无法锁定工作文件夹“%1”。</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>程序已在运行，一次传递的文件过多。</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>程序已在运行但正忙，尚未响应。</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>工作文件夹“%1”正被其他程序使用。</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>工作文件夹“%1”正被 %2 使用（%4 上的进程 %3）。</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>停止修复</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>是否停止当前处理？</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>无法从此处继续处理。所有更改都将被放弃。 </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>新增功能</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>访问页面</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>新版本详情： 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>更新：Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>主要更新</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>次要更新</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>Über Kesmira</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>Repariert beschädigte Fotos.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>Systemversion</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>Prozessor</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>Erstellt mit Qt %1 (LGPL 3), libheif (LGPL 3) und libarchive (BSD). Die Lizenzen liegen der Dokumentation des Programms bei.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>Erweiterte Reparatur
+
+Mit dieser Option reparieren Sie stark beschädigte JPEGs. 
+Klicken Sie auf „Weiter“ und fügen Sie ein &apos;Beispiel-JPEG&apos; 
+desselben Formats hinzu, mit demselben Gerät aufgenommen. 
+Das Beispiel und die beschädigten JPEGs 
+bleiben dabei unverändert.</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>Erweiterte Reparatur
+
+Mit dieser Option reparieren Sie stark beschädigte HEICs. 
+Klicken Sie auf „Weiter“ und fügen Sie hinzu: &apos; Beispiel-HEIC </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> desselben Formats. Das Beispiel und das beschädigte HEIC bleiben bei der Reparatur unverändert.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Erweiterte Reparatur</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>Datei vorhanden</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>Dateiname:</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>Umbenennen in:</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>Alle umbenennen</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>Alle überschreiben</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>Alle überspringen</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>Dadurch werden die Reparaturergebnisse verworfen.
+Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>Der gewählte Zielordner ist schreibgeschützt (vom Betriebssystem eingeschränkt</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>Wählen Sie einen anderen Speicherort.</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>Klicken Sie, um Fotos hinzuzufügen, oder ziehen Sie JPEG-Dateien hierher.</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>Zu reparierende Dateien</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>Reparaturergebnisse</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>Eine oder mehrere Dateien zum Öffnen auswählen</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  Dateiname</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  Pfad</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> Größe (KB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> Geändert am</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> Erstellt am</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   Dateiname</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> Pfad</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> Größe (KB)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>Geändert am</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>Erstellt am</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>Diese Datei steht bereits in der Liste.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>Ü&amp;bersicht</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Support</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>E-&amp;Mail an den Support</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>Anfrage senden</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>Wissensdatenbank</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>Nach &amp;Updates suchen...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>&amp;Über Kesmira</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Reparieren</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>&amp;Stopp</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>Re&amp;parierte Dateien speichern...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>Weitere Tools</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>Daten wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>Laufwerk überwachen</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>Video reparieren</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>Fotos wiederherstellen</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>Dieses Programm ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>Klicken Sie auf „Reparierte Fotos speichern“, um alle reparierten Fotos zu sichern. Klicken Sie auf eine Datei, um eine Vorschau zu sehen. </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>Die Reparatur ist abgeschlossen.</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Erweiterte Reparatur</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>Datei wird repariert: </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>von</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>Repariert</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>Extrahiert</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniatur</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>Erweiterte Reparatur</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>Ausgewählte Fotos werden repariert</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>Je nach Anzahl und Größe der Fotos kann dies einige Zeit dauern. Bitte warten Sie, bis der Vorgang abgeschlossen ist.</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> Dateiname</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> Typ</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> Auflösung</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>Ausgewählte Fotos werden repariert</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>Datei wird repariert: </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>Klicken Sie auf „Hinzufügen“, um beschädigte JPEG-Dateien hinzuzufügen. Sie können sie auch in den Bereich oben ziehen.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>Dateien entfernen</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alle auswählen</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>Reparierte Fotos speichern</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>Miniaturen zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>Das Update kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>Das Update ist leer.</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>Das Update ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>Das Update enthält, was nicht hineingehört, und wurde abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>Das Update kann nicht entpackt werden: Es ist beschädigt, oder der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>Das installierte Programm ist nicht mehr an seinem Ort.</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>Das Programm ist dort installiert, wo Sie es nicht ändern können. Das Update kommt von dem, der es installiert hat.</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>Das Update enthält das Programm nicht.</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>Die neue Version kann nicht eingesetzt werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>Es wird nach einer neuen Version gesucht...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>Möchten Sie das Programm wirklich beenden?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>Reparatur abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>Die Reparatur ist abgeschlossen.
+
+Vorhandene Miniaturen stehen als &apos;Dateiname_Tx&apos; in der Liste.
+Miniaturen sind kleine Bilder großer JPEGs.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>Der Server sendet mehr, als ein Update enthalten kann.</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>Dateien entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>Ordner vorhanden</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>Ordner vorhanden</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>Ordnername: </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>Umbenennen in: </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Das Bild wird gelesen ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Kleiner</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Größer</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Anpassen</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 Pixel</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>Diese Datei kann nicht angezeigt werden: %1.</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC, das andere Programme öffnen (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>Der Name muss auf .png, .jpg oder .heic enden.</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>es ist kein HEIC oder enthält nur Bildkacheln</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>die Datei enthält nur Bildkacheln oder wurde nicht neu geschrieben</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>das Verzeichnis der Bildkacheln ist beschädigt</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>das Bild kann nicht dekodiert werden</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>das Bild hat mehr Pixel, als angezeigt werden können</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>für das Bild reicht der Speicher nicht</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>der Dekoder hat abgebrochen</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>der Dekoder kann nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>der Dekoder hat abgebrochen: die Datei ist beschädigt oder verlangt zu viel</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>Groß</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Großes Update</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>Klein</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Kleines Update</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>Kein Update verfügbar.</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>Verstrichene Zeit: </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> s </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> MB von  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> MB kopiert) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>Übertragungsrate: </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> KB/s </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>Dieses Programm wird von dem System aktualisiert, das es installiert hat.</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>Bitte warten Sie. Der Vorgang dauert </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>Sekunden bis wenige Minuten </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>Datei hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>Beispiel-HEIC hinzufügen:</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Beispiel-JPEG hinzufügen:</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Erweiterte Reparatur</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Beispiel-JPEG hinzufügen:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Durchsuchen</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> Auf alle Dateien desselben Formats anwenden.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>aus den eigenen Segmenten neu aufgebaut</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>ein Bild in der Datei</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>ab dem ersten brauchbaren Segment neu aufgebaut</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>mit dem Kopf des Beispiels neu aufgebaut</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>über das Verzeichnis der Datei gefunden</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>beim Durchsuchen der Datei gefunden</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>das Verzeichnis wurde neu geschrieben</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>Die Datei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>Die Datei ist zu groß.</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>Dieses Dateiformat kann nicht repariert werden.</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>Der Dateikopf ist verloren. Ein Beispiel derselben Kamera kann helfen.</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>Was wiederhergestellt werden konnte, lässt sich nicht als Bild öffnen.</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>Die Datei enthält kein Vorschaubild.</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>Die Zahl der Bildkacheln ist keine der bekannten.</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>Das Verzeichnis ist verloren. Ein Beispiel derselben Kamera kann helfen.</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>Der Datenträger ist voll oder schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>Vor dem Ende dieser Datei gestoppt.</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>Ersetzte Quantisierungstabellen: %n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>Ersetzte Huffman-Tabellen: %n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>Unschädlich gemachte ungültige Bilddaten-Bytes: %1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>Übersprungene Bytes: %1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>Aus dieser Datei ließ sich nichts retten.</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>Ungültige Datei</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>Ein wichtiger Marker fehlt. Die Datei kann nicht repariert werden.</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>Keine Miniatur gefunden</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>Ein Marker fehlt. Die Miniatur konnte nicht extrahiert werden</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(Miniatur beschädigt)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(Keine Miniatur)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(Ungültige Datei)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>Speichern abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>Bild(er) erfolgreich gespeichert.</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>Hier klicken</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>Der Arbeitsordner „%1“ kann nicht gesperrt werden.</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>Das Programm läuft bereits, und dies sind zu viele Dateien, um sie auf einmal zu übergeben.</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>Das Programm läuft bereits, ist aber beschäftigt; es hat noch nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>Der Arbeitsordner „%1“ wird von einem anderen Programm benutzt.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>Der Arbeitsordner „%1“ wird von %2 benutzt (Prozess %3 auf %4).</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>Reparatur stoppen</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>Möchten Sie den laufenden Vorgang stoppen?</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>Der Vorgang kann nicht von hier fortgesetzt werden. Alle Änderungen werden verworfen. </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>Neuerungen</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>Seite besuchen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>Einzelheiten zur neuen Version: 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>Update: Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Großes Update</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Kleines Update</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>About Kesmira</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>Repairs damaged photographs.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>System version</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>Processor</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Advance Repair</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Next</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>File Exists</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>File Name :</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>Rename to :</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Rename</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Overwrite</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Skip</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>Rename All</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>Overwrite All</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>Skip All</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>This action will clear repair results.
+Do you want to go back to previous screen?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>Selected destination path is read-only (restricted by the operating system</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>Select a different location to proceed.</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Add Files</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>Click to add photos, or drag JPEG files here.</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>Files to repair</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>Repair results</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>Select one or more files to open</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  File Name</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  Path</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> Size (KB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> Modified Date</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> Created Date</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   File Name</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> Path</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> Size(KB)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>Modified date</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>Created date</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>File name already added to list.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Language</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>&amp;Overview</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Support</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>&amp;Mail to support</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>Submit an enquiry</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>Knowledge base</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>Check for &amp;updates...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>&amp;About Kesmira</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Add...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Repair</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>S&amp;top</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>&amp;Save Repaired Files...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Back</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>E&amp;xit</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>More Tools</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>Recover Data</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>Monitor Drive</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>Repair Video</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>Recover Photo</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>This tool is not installed.</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>Repair process completed.</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Advance Repair</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Aborted</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>Repairing file </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>of</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>Repaired</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>Extracted</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Thumbnail</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>Advance repair</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>Repairing Selected photos</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> File Name</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> Type</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> Resolution</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>Repairing selected photos</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>Repairing File : </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>Select Folder</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>Remove Files</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Repair</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Select All</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>Minimise</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Preview</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progress</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>Save Repaired Files</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>Show Thumbnail</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>The update can&apos;t be read.</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>The update is empty.</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>The update is damaged.</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>The update holds what doesn&apos;t belong there, and was refused.</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>The update can&apos;t be unpacked: it is damaged, or the disk is full.</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>The installed program isn&apos;t where it was.</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>This program is installed where you can&apos;t change it. Its update comes from who installed it.</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>The update doesn&apos;t hold the program.</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>The new version can&apos;t be put in place: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>Looking for a new version...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progress</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>Exit</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>Are you sure you want to exit?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>Repair Complete</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>The server sends more than an update can hold.</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progress</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>Remove Files</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>Folder Exists</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>Folder Exist</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>Folder Name : </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>Rename to : </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Overwrite</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Rename</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Reading the picture ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Smaller</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Larger</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Fit</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Save as</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 pixels</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>This file can&apos;t be shown: %1.</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>The name must end in .png, .jpg or .heic.</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>the file can&apos;t be read</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>the file is too large</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>it isn&apos;t a HEIC, or holds image tiles alone</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>the file holds image tiles alone, or isn&apos;t a rewritten one</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>the index of the picture&apos;s tiles is broken</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>the picture can&apos;t be decoded</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>the picture has more pixels than can be shown</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>there is no memory for the picture</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>the decoder broke off</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>the decoder can&apos;t be started</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>the decoder broke off: the file is damaged, or asks for too much</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>Major</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Major Update</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>Minor</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Minor Update</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>No update available.</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>Time Elapsed: </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> sec </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> MB of  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> MB copied) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>Transfer Rate: </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> KB/sec </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>This program is updated by the system that installed it.</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>Please wait as this process will take several </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>seconds to few minutes </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>Add File</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>Add a sample HEIC :</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Add a sample JPEG :</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Advance Repair</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Add a sample JPEG :</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Browse</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> Apply to all files of same format.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Repair</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>rebuilt from its segments</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>an image inside the file</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>rebuilt from the first usable segment</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>rebuilt with the header of the sample</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>found through the file&apos;s own index</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>found by searching the file</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>its index was written anew</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>The file can&apos;t be read.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>The file is empty.</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>The file is too large.</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>The file isn&apos;t of a format that can be repaired.</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>The header is lost. A sample from the same camera may help.</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>What could be rebuilt doesn&apos;t open as a picture.</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>The file holds no preview picture.</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>The number of image tiles isn&apos;t one of the known ones.</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>The index is lost. A sample from the same camera may help.</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>The disk is full or can&apos;t be written.</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>Stopped before this file was done.</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>Quantization tables replaced: %n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>Huffman tables replaced: %n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>Illegal bytes of the picture data neutralised: %1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>Bytes stepped over: %1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>Nothing came out of this file.</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>Invalid File</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>Important marker missing. File can&apos;t repaire.</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>No Thumbnail found</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>Marker missing. Failed to extract thumbnail</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(Thumbnail Corrupt)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(Thumbnail Absent)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(Invalid File)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>Saving Complete</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>Image(s) saved successfully.</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>Click here</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>The working folder &quot;%1&quot; can&apos;t be locked.</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>The program is running already, and these are too many files to hand over to it at once.</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>The program is running already but is busy; it hasn&apos;t answered yet.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>The working folder &quot;%1&quot; is in use by another program.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>Stop Repair</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>Do you want to stop the current process?</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>You can&apos;t resume the process from this point. All the changes will be discarded. </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>What&apos;s New</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>Visit Page</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Download</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>New version details: 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>Update: Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Major Update</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Minor Update</translation>
+    </message>
+</context>
+</TS>

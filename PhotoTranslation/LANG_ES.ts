@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>Acerca de Kesmira</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>Repara fotos dañadas.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Equipo</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Sistema</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>Versión del sistema</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>Procesador</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Versión %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>Creado con Qt %1 (LGPL 3), libheif (LGPL 3) y libarchive (BSD). Las licencias acompañan a la documentación del programa.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>Reparación avanzada
+
+Use esta opción para reparar JPEG muy dañados. 
+Haga clic en Siguiente para añadir un &apos;JPEG de muestra&apos; 
+del mismo formato, tomado con el mismo dispositivo. 
+La muestra y los JPEG dañados 
+no se modifican.</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>Reparación avanzada
+
+Use esta opción para reparar HEIC muy dañados. 
+Haga clic en Siguiente para añadir un &apos; HEIC de muestra </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> del mismo formato. La muestra y el HEIC dañado no se modifican durante la reparación.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Reparación avanzada</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Siguiente</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>El archivo ya existe</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>Nombre de archivo:</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>Cambiar nombre a:</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renombrar</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Sobrescribir</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Omitir</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>Renombrar todo</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>Sobrescribir todo</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>Omitir todo</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>Se borrarán los resultados de la reparación.
+¿Desea volver a la pantalla anterior?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Sí</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>La carpeta de destino elegida es de solo lectura (restringida por el sistema operativo</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>Elija otra ubicación para continuar.</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Añadir archivos</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>Haga clic para añadir fotos o arrastre archivos JPEG hasta aquí.</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>Archivos por reparar</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>Resultados de la reparación</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>Seleccione uno o varios archivos para abrir</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  Nombre</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  Ruta</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> Tamaño (KB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> Modificado</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> Creado</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   Nombre</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> Ruta</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> Tamaño (KB)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>Modificado</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>Creado</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>El archivo ya está en la lista.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Idioma</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>&amp;Vista general</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Soporte</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>&amp;Correo al soporte</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>Enviar una consulta</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>Base de conocimientos</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>&amp;Buscar actualizaciones...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>Ace&amp;rca de Kesmira</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Añadir...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Reparar</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>De&amp;tener</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>&amp;Guardar archivos reparados...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Atrás</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>Más herramientas</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>Recuperar datos</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>Supervisar unidad</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>Reparar vídeo</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>Recuperar fotos</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>Esta herramienta no está instalada.</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>Haga clic en «Guardar fotos reparadas» para guardar todas las fotos reparadas. Haga clic en un archivo para ver su vista previa. </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>Reparación terminada.</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Reparación avanzada</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>Reparando el archivo </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>Reparado</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>Extraído</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniatura</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>Reparación avanzada</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>Reparando las fotos seleccionadas</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>Puede tardar un poco, según el número de fotos y su tamaño. Espere a que termine el proceso.</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> Nombre</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> Tipo</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> Resolución</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>Reparando las fotos seleccionadas</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>Reparando el archivo: </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>Seleccionar carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>Haga clic en «Añadir» para añadir JPEG dañados. También puede arrastrarlos al espacio de arriba.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>Quitar archivos</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparar</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Actualizar</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleccionar todo</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>Minimizar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vista previa</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Detener</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>Guardar fotos reparadas</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>Mostrar miniaturas</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>No se puede leer la actualización.</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>La actualización está vacía.</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>La actualización está dañada.</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>La actualización contiene elementos ajenos y se ha rechazado.</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>No se puede descomprimir la actualización: está dañada o el disco está lleno.</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>El programa instalado ya no está en su sitio.</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>El programa está instalado donde no puede modificarlo. La actualización corresponde a quien lo instaló.</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>La actualización no contiene el programa.</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>No se puede colocar la nueva versión: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>Actualizar</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>Buscando una nueva versión...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>¿Seguro que desea salir?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Sí</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>Reparación terminada</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>Reparación terminada.
+
+Las miniaturas, si las hay, aparecen como &apos;archivo_Tx&apos;.
+Son imágenes pequeñas de JPEG grandes.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>El servidor envía más de lo que cabe en una actualización.</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>Actualizar</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>Quitar archivos</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>La carpeta ya existe</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>La carpeta ya existe</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>Nombre de carpeta: </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>Cambiar nombre a: </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Sobrescribir</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renombrar</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Leyendo la imagen ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Reducir</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Ampliar</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Ajustar</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Guardar como</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 píxeles</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>No se puede mostrar el archivo: %1.</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC que otros programas abren (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>El nombre debe terminar en .png, .jpg o .heic.</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>no se puede leer el archivo</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>el archivo es demasiado grande</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>no es un HEIC o solo contiene teselas</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>el archivo solo contiene teselas o no se ha reescrito</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>el índice de las teselas está dañado</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>no se puede descodificar la imagen</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>la imagen tiene demasiados píxeles para mostrarla</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>no hay memoria para la imagen</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>el descodificador se interrumpió</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>no se puede iniciar el descodificador</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>el descodificador se interrumpió: el archivo está dañado o exige demasiado</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>Principal</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Actualización principal</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>Secundaria</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Actualización secundaria</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>No hay actualizaciones disponibles.</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>Tiempo transcurrido: </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> s </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> MB de  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> MB copiados) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>Velocidad de transferencia: </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> KB/s </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>Este programa lo actualiza el sistema que lo instaló.</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>Espere: el proceso tardará de varios </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>segundos a unos minutos </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>Añadir archivo</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>Añada un HEIC de muestra:</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Añada un JPEG de muestra:</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Reparación avanzada</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Añada un JPEG de muestra:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Examinar</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> Aplicar a todos los archivos del mismo formato.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparar</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>reconstruido a partir de sus segmentos</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>una imagen dentro del archivo</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>reconstruido desde el primer segmento utilizable</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>reconstruido con la cabecera de la muestra</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>hallado mediante el índice del archivo</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>hallado al examinar el archivo</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>su índice se ha escrito de nuevo</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>No se puede leer el archivo.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>El archivo está vacío.</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>El archivo es demasiado grande.</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>Este formato de archivo no se puede reparar.</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>La cabecera se ha perdido. Una muestra de la misma cámara puede ayudar.</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>Lo que se pudo reconstruir no se abre como imagen.</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>El archivo no contiene una imagen de vista previa.</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>El número de teselas de la imagen no es conocido.</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>El índice se ha perdido. Una muestra de la misma cámara puede ayudar.</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>El disco está lleno o no se puede escribir en él.</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>Detenido antes de terminar este archivo.</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>Tablas de cuantificación sustituidas: %n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>Tablas de Huffman sustituidas: %n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>Bytes no válidos de los datos de imagen neutralizados: %1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>Bytes omitidos: %1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>No se pudo obtener nada de este archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>Archivo no válido</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>Falta un marcador importante. El archivo no se puede reparar.</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>No se encontró ninguna miniatura</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>Falta un marcador. No se pudo extraer la miniatura</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(Miniatura dañada)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(Sin miniatura)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(Archivo no válido)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>Guardado terminado</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>Imágenes guardadas correctamente.</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>Haga clic aquí</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>No se puede bloquear la carpeta de trabajo «%1».</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>El programa ya está en ejecución y son demasiados archivos para pasárselos de una vez.</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>El programa ya está en ejecución pero ocupado; aún no ha respondido.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>Otro programa está usando la carpeta de trabajo «%1».</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>La carpeta de trabajo «%1» está siendo usada por %2 (proceso %3 en %4).</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>Detener reparación</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>¿Desea detener el proceso en curso?</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>No podrá reanudar el proceso desde aquí. Se descartarán todos los cambios. </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Sí</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>Novedades</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>Ver la página</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Descargar</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>Detalles de la nueva versión: 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>Actualización: Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Actualización principal</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Actualización secundaria</translation>
+    </message>
+</context>
+</TS>

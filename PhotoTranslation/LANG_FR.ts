@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>À propos de Kesmira</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>Répare les photos endommagées.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Ordinateur</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Système</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>Version du système</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>Processeur</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>Créé avec Qt %1 (LGPL 3), libheif (LGPL 3) et libarchive (BSD). Les licences accompagnent la documentation du programme.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>Réparation avancée
+
+Cette option répare les JPEG gravement endommagés. 
+Cliquez sur Suivant pour ajouter un &apos;JPEG exemple&apos; 
+du même format, pris avec le même appareil. 
+L’exemple et les JPEG endommagés 
+restent inchangés.</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>Réparation avancée
+
+Cette option répare les HEIC gravement endommagés. 
+Cliquez sur Suivant pour ajouter un &apos; HEIC exemple </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> du même format. L’exemple et le HEIC endommagé restent inchangés pendant la réparation.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Réparation avancée</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>Fichier existant</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>Nom du fichier :</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>Renommer en :</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renommer</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Ignorer</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>Tout renommer</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>Tout remplacer</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>Tout ignorer</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>Les résultats de la réparation seront effacés.
+Voulez-vous revenir à l’écran précédent ?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Oui</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Non</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>Le dossier de destination choisi est en lecture seule (restreint par le système d’exploitation</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>Choisissez un autre emplacement pour continuer.</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Ajouter des fichiers</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>Cliquez pour ajouter des photos ou faites glisser des fichiers JPEG ici.</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>Fichiers à réparer</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>Résultats de la réparation</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>Sélectionnez un ou plusieurs fichiers à ouvrir</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  Nom</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  Chemin</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> Taille (Ko)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> Modifié le</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> Créé le</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   Nom</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> Chemin</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> Taille (Ko)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>Modifié le</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>Créé le</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>Ce fichier figure déjà dans la liste.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Langue</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>&amp;Vue d’ensemble</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Assistance</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>&amp;Écrire à l’assistance</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>Envoyer une demande</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>Base de connaissances</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>Rechercher les &amp;mises à jour...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>À &amp;propos de Kesmira</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Ajouter...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Réparer</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>Arrê&amp;ter</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>Enregi&amp;strer les fichiers réparés...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Retour</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>Autres outils</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>Récupérer des données</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>Surveiller un disque</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>Réparer une vidéo</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>Récupérer des photos</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>Cet outil n’est pas installé.</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>Cliquez sur « Enregistrer les photos » pour enregistrer toutes vos photos réparées. Cliquez sur un fichier pour en voir l’aperçu. </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>La réparation est terminée.</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Réparation avancée</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Interrompu</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>Réparation du fichier </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>sur</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>Réparé</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>Extrait</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniature</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>Réparation avancée</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>Réparation des photos sélectionnées</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>Cela peut prendre un moment selon le nombre de photos et leur taille. Veuillez patienter jusqu’à la fin de l’opération.</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> Nom</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> Type</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> Résolution</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>Réparation des photos sélectionnées</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>Réparation du fichier : </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>Choisir un dossier</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>Cliquez sur « Ajouter » pour ajouter des JPEG endommagés. Vous pouvez aussi les faire glisser dans l’espace ci-dessus.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Ajouter</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>Retirer des fichiers</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Réparer</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Mise à jour</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>Réduire</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Aperçu</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>Enregistrer les photos</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>Afficher les miniatures</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>La mise à jour est illisible.</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>La mise à jour est vide.</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>La mise à jour est endommagée.</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>La mise à jour contient des éléments étrangers et a été refusée.</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>La mise à jour ne peut pas être décompressée : elle est endommagée ou le disque est plein.</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>Le programme installé n’est plus à sa place.</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>Le programme est installé là où vous ne pouvez pas le modifier. Sa mise à jour vient de qui l’a installé.</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>La mise à jour ne contient pas le programme.</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>La nouvelle version ne peut pas être mise en place : %1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>Mise à jour</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>Recherche d’une nouvelle version...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>Voulez-vous vraiment quitter ?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Oui</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Non</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>Réparation terminée</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>La réparation est terminée.
+
+Les miniatures éventuelles figurent sous &apos;nomdefichier_Tx&apos;.
+Ce sont de petites images des grands JPEG.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>Le serveur envoie plus que ce qu’une mise à jour peut contenir.</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>Mise à jour</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>Retirer des fichiers</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>Dossier existant</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>Dossier existant</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>Nom du dossier : </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>Renommer en : </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renommer</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Lecture de l’image ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Réduire</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Agrandir</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Ajuster</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Enregistrer sous</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 pixels</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>Impossible d’afficher ce fichier : %1.</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC lisible par d’autres programmes (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>Le nom doit se terminer par .png, .jpg ou .heic.</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>le fichier est illisible</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>le fichier est trop volumineux</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>ce n’est pas un HEIC, ou il ne contient que des tuiles</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>le fichier ne contient que des tuiles ou n’a pas été réécrit</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>l’index des tuiles est endommagé</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>l’image ne peut pas être décodée</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>l’image a trop de pixels pour être affichée</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>la mémoire ne suffit pas pour l’image</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>le décodeur s’est interrompu</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>le décodeur ne peut pas être démarré</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>le décodeur s’est interrompu : le fichier est endommagé ou exige trop</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Non</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>Majeure</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Mise à jour majeure</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>Mineure</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Mise à jour mineure</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>Aucune mise à jour disponible.</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>Temps écoulé : </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> s </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> Mo sur  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> Mo copiés) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>Débit : </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> Ko/s </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>Ce programme est mis à jour par le système qui l’a installé.</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>Veuillez patienter : l’opération prendra de </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>quelques secondes à quelques minutes </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>Ajouter un fichier</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>Ajouter un HEIC exemple :</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Ajouter un JPEG exemple :</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Réparation avancée</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Ajouter un JPEG exemple :</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Parcourir</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> Appliquer à tous les fichiers du même format.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Réparer</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>reconstruit à partir de ses segments</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>une image dans le fichier</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>reconstruit à partir du premier segment utilisable</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>reconstruit avec l’en-tête de l’exemple</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>trouvé grâce à l’index du fichier</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>trouvé en parcourant le fichier</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>son index a été réécrit</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>Le fichier est illisible.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Le fichier est vide.</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>Le fichier est trop volumineux.</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>Ce format de fichier ne peut pas être réparé.</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>L’en-tête est perdu. Un exemple du même appareil peut aider.</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>Ce qui a pu être reconstruit ne s’ouvre pas comme une image.</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>Le fichier ne contient aucune image d’aperçu.</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>Le nombre de tuiles de l’image n’est pas connu.</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>L’index est perdu. Un exemple du même appareil peut aider.</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>Le disque est plein ou protégé en écriture.</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>Arrêté avant la fin de ce fichier.</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>Tables de quantification remplacées : %n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>Tables de Huffman remplacées : %n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>Octets interdits des données d’image neutralisés : %1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>Octets ignorés : %1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>Rien n’a pu être tiré de ce fichier.</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>Fichier non valide</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>Un marqueur essentiel manque. Le fichier ne peut pas être réparé.</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>Aucune miniature trouvée</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>Un marqueur manque. Impossible d’extraire la miniature</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(Miniature endommagée)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(Miniature absente)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(Fichier non valide)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>Enregistrement terminé</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>Image(s) enregistrée(s).</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>Cliquez ici</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>Le dossier de travail « %1 » ne peut pas être verrouillé.</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>Le programme est déjà ouvert et il y a trop de fichiers à lui transmettre en une fois.</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>Le programme est déjà ouvert mais occupé ; il n’a pas encore répondu.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>Le dossier de travail « %1 » est utilisé par un autre programme.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>Le dossier de travail « %1 » est utilisé par %2 (processus %3 sur %4).</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>Arrêter la réparation</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>Voulez-vous arrêter l’opération en cours ?</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>L’opération ne pourra pas être reprise ici. Toutes les modifications seront perdues. </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Oui</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Non</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>Nouveautés</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>Voir la page</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>Détails de la nouvelle version : 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>Mise à jour : Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Mise à jour majeure</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Mise à jour mineure</translation>
+    </message>
+</context>
+</TS>

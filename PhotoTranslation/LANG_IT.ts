@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="it" sourcelanguage="en">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>Informazioni su Kesmira</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>Ripara le foto danneggiate.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Sistema</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>Versione del sistema</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>Processore</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Versione %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>Realizzato con Qt %1 (LGPL 3), libheif (LGPL 3) e libarchive (BSD). Le licenze sono allegate alla documentazione del programma.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>Riparazione avanzata
+
+Usare questa opzione per i JPEG gravemente danneggiati. 
+Fare clic su Avanti per aggiungere un &apos;JPEG campione&apos; 
+dello stesso formato, scattato con lo stesso dispositivo. 
+Il campione e i JPEG danneggiati 
+restano invariati.</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>Riparazione avanzata
+
+Usare questa opzione per gli HEIC gravemente danneggiati. 
+Fare clic su Avanti per aggiungere un &apos; HEIC campione </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> dello stesso formato. Il campione e l’HEIC danneggiato restano invariati durante la riparazione.</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Riparazione avanzata</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Avanti</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>File esistente</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>Nome file:</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>Rinomina in:</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Rinomina</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Sovrascrivi</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Salta</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>Rinomina tutti</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>Sovrascrivi tutti</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>Salta tutti</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>Indietro</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>I risultati della riparazione verranno eliminati.
+Tornare alla schermata precedente?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Sì</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>La cartella di destinazione scelta è di sola lettura (limitata dal sistema operativo</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>Scegliere un’altra posizione per continuare.</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Aggiungi file</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>Fare clic per aggiungere foto o trascinare qui i file JPEG.</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>File da riparare</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>Risultati della riparazione</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>Selezionare uno o più file da aprire</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  Nome file</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  Percorso</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> Dim. (KB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> Ultima modifica</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> Creazione</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   Nome file</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> Percorso</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> Dim. (KB)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>Ultima modifica</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>Creazione</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>Il file è già nell’elenco.</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Lingua</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>&amp;Guida</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>&amp;Panoramica</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Assistenza</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>&amp;E-mail all’assistenza</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>Invia una richiesta</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>Knowledge base</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>&amp;Cerca aggiornamenti...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>&amp;Informazioni su Kesmira</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Aggiungi...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Ripara</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>In&amp;terrompi</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>&amp;Salva i file riparati...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Indietro</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Esci</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Guida</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>Altri strumenti</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>Recupera dati</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>Controlla unità</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>Ripara video</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>Recupera foto</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>Questo strumento non è installato.</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>Fare clic su “Salva foto riparate” per salvare tutte le foto riparate. Fare clic su un file per vederne l’anteprima. </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>Riparazione completata.</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Riparazione avanzata</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Interrotto</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>Riparazione del file </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>di</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>Riparato</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>Estratto</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniatura</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>Riparazione avanzata</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>Riparazione delle foto selezionate</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>L’operazione può richiedere tempo, secondo il numero e le dimensioni delle foto. Attendere il completamento.</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> Nome file</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> Tipo</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> Risoluzione</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>Riparazione delle foto selezionate</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>Riparazione del file: </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>Seleziona cartella</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>Fare clic su “Aggiungi” per aggiungere JPEG danneggiati. È anche possibile trascinarli nello spazio qui sopra.</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Aggiungi</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>Rimuovi file</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Ripara</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aggiorna</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleziona tutto</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>Riduci a icona</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Guida</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Anteprima</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Avanzamento</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Interrompi</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>Salva foto riparate</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Indietro</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>Mostra miniature</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>Impossibile leggere l’aggiornamento.</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>L’aggiornamento è vuoto.</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>L’aggiornamento è danneggiato.</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>L’aggiornamento contiene elementi estranei ed è stato rifiutato.</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>Impossibile estrarre l’aggiornamento: è danneggiato o il disco è pieno.</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>Il programma installato non è più al suo posto.</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>Il programma è installato dove non è possibile modificarlo. L’aggiornamento spetta a chi lo ha installato.</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>L’aggiornamento non contiene il programma.</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>Impossibile mettere in uso la nuova versione: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>Aggiorna</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>Ricerca di una nuova versione...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Avanzamento</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>Esci</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>Uscire dal programma?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Sì</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>Riparazione completata</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>Riparazione completata.
+
+Le miniature, se presenti, sono elencate come &apos;nomefile_Tx&apos;.
+Sono piccole immagini di JPEG grandi.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>Il server invia più dati di quanti un aggiornamento possa contenerne.</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>Aggiorna</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Avanzamento</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>Rimuovi file</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>Cartella esistente</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>Cartella esistente</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>Nome cartella: </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>Rinomina in: </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Sovrascrivi</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Rinomina</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Lettura dell’immagine ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Riduci</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Ingrandisci</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Adatta</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Salva con nome</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 pixel</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>Impossibile mostrare il file: %1.</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC apribile da altri programmi (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>Il nome deve terminare con .png, .jpg o .heic.</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>impossibile leggere il file</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>il file è troppo grande</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>non è un HEIC o contiene solo riquadri</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>il file contiene solo riquadri o non è stato riscritto</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>l’indice dei riquadri è danneggiato</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>impossibile decodificare l’immagine</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>l’immagine ha troppi pixel per essere mostrata</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>memoria insufficiente per l’immagine</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>il decodificatore si è interrotto</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>impossibile avviare il decodificatore</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>il decodificatore si è interrotto: il file è danneggiato o richiede troppo</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>Principale</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Aggiornamento principale</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>Secondario</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Aggiornamento secondario</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>Nessun aggiornamento disponibile.</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>Tempo trascorso: </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> s </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> MB di  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> MB copiati) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>Velocità di trasferimento: </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> KB/s </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>Questo programma viene aggiornato dal sistema che lo ha installato.</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>Attendere: l’operazione richiede da alcuni </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>secondi a pochi minuti </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>Aggiungi file</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>Aggiungi un HEIC campione:</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Aggiungi un JPEG campione:</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Riparazione avanzata</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>Aggiungi un JPEG campione:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Sfoglia</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> Applica a tutti i file dello stesso formato.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Ripara</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>ricostruito dai suoi segmenti</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>un’immagine nel file</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>ricostruito dal primo segmento utilizzabile</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>ricostruito con l’intestazione del campione</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>trovato tramite l’indice del file</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>trovato esaminando il file</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>il suo indice è stato riscritto</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>Impossibile leggere il file.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Il file è vuoto.</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>Il file è troppo grande.</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>Questo formato di file non può essere riparato.</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>L’intestazione è perduta. Un campione della stessa fotocamera può aiutare.</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>Ciò che è stato ricostruito non si apre come immagine.</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>Il file non contiene un’immagine di anteprima.</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>Il numero di riquadri dell’immagine non è tra quelli noti.</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>L’indice è perduto. Un campione della stessa fotocamera può aiutare.</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>Il disco è pieno o non è scrivibile.</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>Interrotto prima di finire questo file.</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>Tabelle di quantizzazione sostituite: %n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>Tabelle di Huffman sostituite: %n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>Byte non validi dei dati immagine neutralizzati: %1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>Byte saltati: %1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>Da questo file non è stato ricavato nulla.</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>File non valido</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>Manca un marcatore importante. Il file non può essere riparato.</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>Nessuna miniatura trovata</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>Manca un marcatore. Impossibile estrarre la miniatura</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(Miniatura danneggiata)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(Miniatura assente)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(File non valido)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>Salvataggio completato</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>Immagini salvate.</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>Fare clic qui</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>Impossibile bloccare la cartella di lavoro “%1”.</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>Il programma è già in esecuzione e i file sono troppi per essergli passati in una volta.</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>Il programma è già in esecuzione ma è occupato; non ha ancora risposto.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>La cartella di lavoro “%1” è usata da un altro programma.</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>La cartella di lavoro “%1” è usata da %2 (processo %3 su %4).</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>Interrompi riparazione</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>Interrompere l’operazione in corso?</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>Non sarà possibile riprendere da questo punto. Tutte le modifiche andranno perse. </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Sì</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>Novità</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>Visita la pagina</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Scarica</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>Dettagli della nuova versione: 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>Aggiornamento: Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>Aggiornamento principale</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>Aggiornamento secondario</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1061 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About Kesmira</source>
+        <translation>Kesmira について</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Repairs damaged photographs.</source>
+        <translation>壊れた写真を修復します。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>コンピューター</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>システム</translation>
+    </message>
+    <message>
+        <source>System version</source>
+        <translation>システムのバージョン</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <translation>プロセッサー</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>バージョン %1</translation>
+    </message>
+    <message>
+        <source>Built with Qt %1 (LGPL 3), libheif (LGPL 3) and libarchive (BSD). The licences lie with the program&apos;s documentation.</source>
+        <translation>Qt %1（LGPL 3）、libheif（LGPL 3）、libarchive（BSD）を使用しています。ライセンスはプログラムの文書に付属しています。</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged JPEG. 
+Click Next to   add a &apos;sample JPEG&apos; of the same 
+format, nshot using the same device.The sample and 
+the damaged JPEGs remain unchanged during 
+repair process.</source>
+        <translation>高度な修復
+
+損傷のひどい JPEG を修復します。 
+［次へ］をクリックし、同じ機器で撮影した 
+同じ形式の「サンプル JPEG」を追加してください。 
+修復中、サンプルと壊れた JPEG は 
+変更されません。</translation>
+    </message>
+    <message>
+        <source>Advance Repair
+
+Use this option to repair severely damaged HEIC. 
+Click Next to add a &apos; sample HEIC </source>
+        <translation>高度な修復
+
+損傷のひどい HEIC を修復します。 
+［次へ］をクリックして追加してください: &apos; サンプル HEIC </translation>
+    </message>
+    <message>
+        <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
+        <translation> （同じ形式）。修復中、サンプルと壊れた HEIC は変更されません。</translation>
+    </message>
+</context>
+<context>
+    <name>AdvancedRepairDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>高度な修復</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
+</context>
+<context>
+    <name>AlreadyExistFileDlgObj</name>
+    <message>
+        <source>File Exists</source>
+        <translation>ファイルが存在します</translation>
+    </message>
+    <message>
+        <source>File Name :</source>
+        <translation>ファイル名:</translation>
+    </message>
+    <message>
+        <source>Rename to :</source>
+        <translation>新しい名前:</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前を変更</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>上書き</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>スキップ</translation>
+    </message>
+    <message>
+        <source>Rename All</source>
+        <translation>すべて変更</translation>
+    </message>
+    <message>
+        <source>Overwrite All</source>
+        <translation>すべて上書き</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>すべてスキップ</translation>
+    </message>
+</context>
+<context>
+    <name>BackApplicationDlgObj</name>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>修復結果が消去されます。
+前の画面に戻りますか？</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>はい</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepair</name>
+    <message>
+        <source>Selected destination path is read-only (restricted by the operating system</source>
+        <translation>選択した保存先は読み取り専用です（オペレーティングシステムによる制限</translation>
+    </message>
+    <message>
+        <source>Select a different location to proceed.</source>
+        <translation>別の場所を選択してください。</translation>
+    </message>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>ファイルを追加</translation>
+    </message>
+    <message>
+        <source>Click to add photos, or drag JPEG files here.</source>
+        <translation>クリックして写真を追加するか、JPEG ファイルをここにドラッグしてください。</translation>
+    </message>
+    <message>
+        <source>Files to repair</source>
+        <translation>修復するファイル</translation>
+    </message>
+    <message>
+        <source>Repair results</source>
+        <translation>修復結果</translation>
+    </message>
+    <message>
+        <source>Select one or more files to open</source>
+        <translation>開くファイルを 1 つ以上選択</translation>
+    </message>
+    <message>
+        <source>  File Name</source>
+        <translation>  ファイル名</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  パス</translation>
+    </message>
+    <message>
+        <source> Size (KB)</source>
+        <translation> サイズ (KB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> 更新日時</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> 作成日時</translation>
+    </message>
+    <message>
+        <source>   File Name</source>
+        <translation>   ファイル名</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> パス</translation>
+    </message>
+    <message>
+        <source> Size(KB)</source>
+        <translation> サイズ (KB)</translation>
+    </message>
+    <message>
+        <source>Modified date</source>
+        <translation>更新日時</translation>
+    </message>
+    <message>
+        <source>Created date</source>
+        <translation>作成日時</translation>
+    </message>
+    <message>
+        <source>File name already added to list.</source>
+        <translation>このファイルは既にリストに追加されています。</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>言語(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <comment>menu</comment>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Overview</source>
+        <translation>概要(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>サポート</translation>
+    </message>
+    <message>
+        <source>&amp;Mail to support</source>
+        <translation>サポートにメール(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Submit an enquiry</source>
+        <translation>お問い合わせ</translation>
+    </message>
+    <message>
+        <source>Knowledge base</source>
+        <translation>ナレッジベース</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates...</source>
+        <translation>アップデートを確認(&amp;U)...</translation>
+    </message>
+    <message>
+        <source>&amp;About Kesmira</source>
+        <translation>Kesmira について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>追加(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>修復(&amp;R)</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>停止(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Repaired Files...</source>
+        <translation>修復した写真を保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>戻る(&amp;B)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>終了(&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>More Tools</source>
+        <translation>その他のツール</translation>
+    </message>
+    <message>
+        <source>Recover Data</source>
+        <translation>データを復元</translation>
+    </message>
+    <message>
+        <source>Monitor Drive</source>
+        <translation>ドライブを監視</translation>
+    </message>
+    <message>
+        <source>Repair Video</source>
+        <translation>動画を修復</translation>
+    </message>
+    <message>
+        <source>Recover Photo</source>
+        <translation>写真を復元</translation>
+    </message>
+    <message>
+        <source>This tool is not installed.</source>
+        <translation>このツールはインストールされていません。</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
+        <translation>［修復した写真を保存］をクリックすると、修復した写真をすべて保存できます。ファイルをクリックするとプレビューが表示されます。 </translation>
+    </message>
+    <message>
+        <source>Repair process completed.</source>
+        <translation>修復が完了しました。</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>高度な修復</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>中止</translation>
+    </message>
+    <message>
+        <source>Repairing file </source>
+        <translation>ファイルを修復中 </translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>/</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>修復済み</translation>
+    </message>
+    <message>
+        <source>Extracted</source>
+        <translation>抽出</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>サムネイル</translation>
+    </message>
+    <message>
+        <source>Advance repair</source>
+        <translation>高度な修復</translation>
+    </message>
+    <message>
+        <source>Repairing Selected photos</source>
+        <translation>選択した写真を修復しています</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
+        <translation>写真の枚数やファイルサイズによっては時間がかかります。処理が完了するまでお待ちください。</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> ファイル名</translation>
+    </message>
+    <message>
+        <source> Type</source>
+        <translation> 種類</translation>
+    </message>
+    <message>
+        <source> Resolution</source>
+        <translation> 解像度</translation>
+    </message>
+    <message>
+        <source>Repairing selected photos</source>
+        <translation>選択した写真を修復しています</translation>
+    </message>
+    <message>
+        <source>Repairing File : </source>
+        <translation>修復中のファイル: </translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>フォルダーを選択</translation>
+    </message>
+</context>
+<context>
+    <name>BrowseRepairObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
+        <translation>［追加］をクリックして壊れた JPEG ファイルを追加します。上の領域にドラッグすることもできます。</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Remove Files</source>
+        <translation>ファイルを削除</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>修復</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>Minimise</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>修復した写真を保存</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Show Thumbnail</source>
+        <translation>サムネイルを表示</translation>
+    </message>
+</context>
+<context>
+    <name>BundleInstall</name>
+    <message>
+        <source>The update can&apos;t be read.</source>
+        <translation>アップデートを読み込めません。</translation>
+    </message>
+    <message>
+        <source>The update is empty.</source>
+        <translation>アップデートが空です。</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>アップデートが壊れています。</translation>
+    </message>
+    <message>
+        <source>The update holds what doesn&apos;t belong there, and was refused.</source>
+        <translation>アップデートに不正な内容が含まれるため、拒否しました。</translation>
+    </message>
+    <message>
+        <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
+        <translation>アップデートを展開できません。壊れているか、ディスクがいっぱいです。</translation>
+    </message>
+    <message>
+        <source>The installed program isn&apos;t where it was.</source>
+        <translation>インストールされたプログラムが元の場所にありません。</translation>
+    </message>
+    <message>
+        <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
+        <translation>変更できない場所にインストールされています。更新はインストールした管理者が行います。</translation>
+    </message>
+    <message>
+        <source>The update doesn&apos;t hold the program.</source>
+        <translation>アップデートにプログラムが含まれていません。</translation>
+    </message>
+    <message>
+        <source>The new version can&apos;t be put in place: %1</source>
+        <translation>新しいバージョンを配置できません: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Looking for a new version...</source>
+        <translation>新しいバージョンを確認しています...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>CloseApplicationDlgObj</name>
+    <message>
+        <source>Exit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>終了してもよろしいですか？</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>はい</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionMsgObj</name>
+    <message>
+        <source>Repair Complete</source>
+        <translation>修復完了</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+
+Thumbnails are listed as &apos;filename_Tx&apos; if available.
+Thumbnails are small sized images of large JPEGs.</source>
+        <translation>修復が完了しました。
+
+サムネイルがある場合は &apos;filename_Tx&apos; と表示されます。
+サムネイルは大きな JPEG の小さな画像です。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Download</name>
+    <message>
+        <source>The server sends more than an update can hold.</source>
+        <translation>サーバーから送られるデータがアップデートとしては大きすぎます。</translation>
+    </message>
+</context>
+<context>
+    <name>DownloadApp</name>
+    <message>
+        <source>Update</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>DrgDrp</name>
+    <message>
+        <source>Remove Files</source>
+        <translation>ファイルを削除</translation>
+    </message>
+</context>
+<context>
+    <name>FolderExistObj</name>
+    <message>
+        <source>Folder Exists</source>
+        <translation>フォルダーが存在します</translation>
+    </message>
+    <message>
+        <source>Folder Exist</source>
+        <translation>フォルダーが存在します</translation>
+    </message>
+    <message>
+        <source>Folder Name : </source>
+        <translation>フォルダー名: </translation>
+    </message>
+    <message>
+        <source>Rename to : </source>
+        <translation>新しい名前: </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>上書き</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前を変更</translation>
+    </message>
+</context>
+<context>
+    <name>HeicPanel</name>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>画像を読み込んでいます ...</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>縮小</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>合わせる</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>名前を付けて保存</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 ピクセル</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>このファイルは表示できません: %1。</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;他のプログラムで開ける HEIC (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>名前の末尾は .png、.jpg、.heic のいずれかにしてください。</translation>
+    </message>
+</context>
+<context>
+    <name>HeicProblem</name>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>ファイルを読み込めません</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>ファイルが大きすぎます</translation>
+    </message>
+    <message>
+        <source>it isn&apos;t a HEIC, or holds image tiles alone</source>
+        <translation>HEIC ではないか、画像タイルだけが含まれています</translation>
+    </message>
+    <message>
+        <source>the file holds image tiles alone, or isn&apos;t a rewritten one</source>
+        <translation>画像タイルだけが含まれるか、書き直されていません</translation>
+    </message>
+    <message>
+        <source>the index of the picture&apos;s tiles is broken</source>
+        <translation>画像タイルの索引が壊れています</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be decoded</source>
+        <translation>画像をデコードできません</translation>
+    </message>
+    <message>
+        <source>the picture has more pixels than can be shown</source>
+        <translation>画像のピクセル数が多すぎて表示できません</translation>
+    </message>
+    <message>
+        <source>there is no memory for the picture</source>
+        <translation>画像のためのメモリーが足りません</translation>
+    </message>
+    <message>
+        <source>the decoder broke off</source>
+        <translation>デコーダーが中断しました</translation>
+    </message>
+    <message>
+        <source>the decoder can&apos;t be started</source>
+        <translation>デコーダーを起動できません</translation>
+    </message>
+    <message>
+        <source>the decoder broke off: the file is damaged, or asks for too much</source>
+        <translation>デコーダーが中断しました: ファイルが壊れているか、要求が大きすぎます</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxObj</name>
+    <message>
+        <source>Kesmira</source>
+        <translation>Kesmira</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Major</source>
+        <translation>メジャー</translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>メジャーアップデート</translation>
+    </message>
+    <message>
+        <source>Minor</source>
+        <translation>マイナー</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>マイナーアップデート</translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation>利用できるアップデートはありません。</translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation>経過時間: </translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation> 秒 </translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation> MB /  </translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation> MB コピー済み) </translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation>転送速度: </translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation> KB/秒 </translation>
+    </message>
+    <message>
+        <source>This program is updated by the system that installed it.</source>
+        <translation>このプログラムはインストールに使われたシステムによって更新されます。</translation>
+    </message>
+    <message>
+        <source>Please wait as this process will take several </source>
+        <translation>しばらくお待ちください。この処理には </translation>
+    </message>
+    <message>
+        <source>seconds to few minutes </source>
+        <translation>数秒から数分かかります </translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Add File</source>
+        <translation>ファイルを追加</translation>
+    </message>
+    <message>
+        <source>Add a sample HEIC :</source>
+        <translation>サンプル HEIC を追加:</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>サンプル JPEG を追加:</translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlgObj</name>
+    <message>
+        <source>Advance Repair</source>
+        <translation>高度な修復</translation>
+    </message>
+    <message>
+        <source>Add a sample JPEG :</source>
+        <translation>サンプル JPEG を追加:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>参照</translation>
+    </message>
+    <message>
+        <source> Apply to all files of same format.</source>
+        <translation> 同じ形式のすべてのファイルに適用します。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>修復</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>rebuilt from its segments</source>
+        <translation>セグメントから再構築</translation>
+    </message>
+    <message>
+        <source>an image inside the file</source>
+        <translation>ファイル内の画像</translation>
+    </message>
+    <message>
+        <source>rebuilt from the first usable segment</source>
+        <translation>最初の使用可能なセグメントから再構築</translation>
+    </message>
+    <message>
+        <source>rebuilt with the header of the sample</source>
+        <translation>サンプルのヘッダーで再構築</translation>
+    </message>
+    <message>
+        <source>found through the file&apos;s own index</source>
+        <translation>ファイルの索引から発見</translation>
+    </message>
+    <message>
+        <source>found by searching the file</source>
+        <translation>ファイルを検索して発見</translation>
+    </message>
+    <message>
+        <source>its index was written anew</source>
+        <translation>索引を書き直しました</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read.</source>
+        <translation>ファイルを読み込めません。</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>ファイルが空です。</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>ファイルが大きすぎます。</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t of a format that can be repaired.</source>
+        <translation>修復できる形式のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The header is lost. A sample from the same camera may help.</source>
+        <translation>ヘッダーが失われています。同じカメラのサンプルが役立つ場合があります。</translation>
+    </message>
+    <message>
+        <source>What could be rebuilt doesn&apos;t open as a picture.</source>
+        <translation>再構築できたデータは画像として開けません。</translation>
+    </message>
+    <message>
+        <source>The file holds no preview picture.</source>
+        <translation>ファイルにプレビュー画像がありません。</translation>
+    </message>
+    <message>
+        <source>The number of image tiles isn&apos;t one of the known ones.</source>
+        <translation>画像タイルの数が既知のものではありません。</translation>
+    </message>
+    <message>
+        <source>The index is lost. A sample from the same camera may help.</source>
+        <translation>索引が失われています。同じカメラのサンプルが役立つ場合があります。</translation>
+    </message>
+    <message>
+        <source>The disk is full or can&apos;t be written.</source>
+        <translation>ディスクがいっぱいか、書き込めません。</translation>
+    </message>
+    <message>
+        <source>Stopped before this file was done.</source>
+        <translation>このファイルの完了前に停止しました。</translation>
+    </message>
+    <message>
+        <source>Quantization tables replaced: %n</source>
+        <translation>置き換えた量子化テーブル: %n</translation>
+    </message>
+    <message>
+        <source>Huffman tables replaced: %n</source>
+        <translation>置き換えたハフマンテーブル: %n</translation>
+    </message>
+    <message>
+        <source>Illegal bytes of the picture data neutralised: %1</source>
+        <translation>無効化した不正な画像データのバイト: %1</translation>
+    </message>
+    <message>
+        <source>Bytes stepped over: %1</source>
+        <translation>読み飛ばしたバイト: %1</translation>
+    </message>
+    <message>
+        <source>Nothing came out of this file.</source>
+        <translation>このファイルからは何も取り出せませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Invalid File</source>
+        <translation>無効なファイル</translation>
+    </message>
+    <message>
+        <source>Important marker missing. File can&apos;t repaire.</source>
+        <translation>重要なマーカーがありません。ファイルを修復できません。</translation>
+    </message>
+    <message>
+        <source>No Thumbnail found</source>
+        <translation>サムネイルが見つかりません</translation>
+    </message>
+    <message>
+        <source>Marker missing. Failed to extract thumbnail</source>
+        <translation>マーカーがありません。サムネイルを抽出できませんでした</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Corrupt)</source>
+        <translation>(サムネイル破損)</translation>
+    </message>
+    <message>
+        <source>(Thumbnail Absent)</source>
+        <translation>(サムネイルなし)</translation>
+    </message>
+    <message>
+        <source>(Invalid File)</source>
+        <translation>(無効なファイル)</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlgObj</name>
+    <message>
+        <source>Saving Complete</source>
+        <translation>保存完了</translation>
+    </message>
+    <message>
+        <source>Image(s) saved successfully.</source>
+        <translation>画像を保存しました。</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>ここをクリック</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
+        <translation>作業フォルダー「%1」をロックできません。</translation>
+    </message>
+    <message>
+        <source>The program is running already, and these are too many files to hand over to it at once.</source>
+        <translation>プログラムは既に実行中です。一度に渡すにはファイルが多すぎます。</translation>
+    </message>
+    <message>
+        <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
+        <translation>プログラムは既に実行中ですが、処理中のため応答がありません。</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by another program.</source>
+        <translation>作業フォルダー「%1」は別のプログラムが使用中です。</translation>
+    </message>
+    <message>
+        <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
+        <translation>作業フォルダー「%1」は %2 が使用中です（%4 のプロセス %3）。</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlgObj</name>
+    <message>
+        <source>Stop Repair</source>
+        <translation>修復の停止</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>現在の処理を停止しますか？</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>この時点から処理を再開することはできません。変更はすべて破棄されます。 </translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>はい</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateOffer</name>
+    <message>
+        <source>What&apos;s New</source>
+        <translation>新機能</translation>
+    </message>
+    <message>
+        <source>Visit Page</source>
+        <translation>ページを開く</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>New version details: 
+</source>
+        <translation>新しいバージョンの詳細: 
+</translation>
+    </message>
+    <message>
+        <source>Update: Kesmira </source>
+        <translation>アップデート: Kesmira </translation>
+    </message>
+    <message>
+        <source>Major Update</source>
+        <translation>メジャーアップデート</translation>
+    </message>
+    <message>
+        <source>Minor Update</source>
+        <translation>マイナーアップデート</translation>
+    </message>
+</context>
+</TS>

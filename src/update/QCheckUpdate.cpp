@@ -1,0 +1,140 @@
+#include "update/QCheckUpdate.h"
+
+#include "dialogs/MessageBox.h"
+#include "update/QMajorUpdate.h"
+#include "update/QMinorUpdate.h"
+#include "update/UpdateState.h"
+#include "update/ui_CheckUpdate.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QFileInfo>
+#include <QSettings>
+#include <QUrl>
+
+#include <array>
+
+namespace {
+
+const char kCurrentVersion[] = "7.0.0.0";
+constexpr qint64 kTextLimit = 64 * 1024; // a version is a dozen bytes; the rest is some page of a server's
+
+/// The four numbers of a version. The first may have two digits; of the others the one digit counts that stands where a
+/// version of four single digits would have it.
+std::array<int, 4> fieldsOf(const QString &version)
+{
+    const QString first = version.split('.').first();
+    const int length = first.size();
+    const int start = length == 1 || length == 2 ? length + 1 : 0;
+    std::array<int, 4> fields{first.toInt()};
+    for (int i = 1; i < 4; ++i) fields[size_t(i)] = version.mid(start == 0 ? 0 : start + 2 * (i - 1), 1).toInt();
+    return fields;
+}
+
+int scoreOf(const std::array<int, 4> &fields)
+{
+    return fields[0] * 1000 + fields[1] * 100 + fields[2] * 10 + fields[3];
+}
+
+} // namespace
+
+QCheckUpdate::QCheckUpdate(QWidget *parent) : FramelessDialog(parent), ui(std::make_unique<Ui::CheckUpdate>())
+{
+    ui->setupUi(content());
+    connect(ui->CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
+    // Closed by the user before an answer came: nothing more is said.
+    connect(this, &QDialog::rejected, this, &QObject::deleteLater);
+    finishSetUp({360, 150}, ui->CancelBtn);
+    connect(&m_download, &Download::readyRead, this, &QCheckUpdate::downloadReadyReadTxt);
+    connect(&m_download, &Download::finished, this, &QCheckUpdate::downloadFinishedTxt);
+    ConnectingServer();
+}
+
+QCheckUpdate::~QCheckUpdate() = default;
+
+void QCheckUpdate::ConnectingServer()
+{
+    if (!VersionTxtPath.isEmpty()) QFile::remove(VersionTxtPath);
+    const QString address = updateAddress(QStringLiteral("Kesmira.txt"));
+    VersionTxtPath = updateFolder() + QFileInfo(QUrl(address).path()).fileName();
+    // Without an address the fetch fails like one without a network: the folder has no such file either.
+    if (address.isEmpty()) VersionTxtPath = updateFolder() + "Kesmira.txt";
+    m_download.start(address, VersionTxtPath, kTextLimit);
+}
+
+bool QCheckUpdate::CheckIfCurrentVersionLatest(const QString &version)
+{
+    const QSettings store(QStringLiteral("apple"), QStringLiteral("KMPR.db"));
+    const QString last = store.value(QStringLiteral("VNo")).toString().trimmed();
+    return !last.isEmpty() && version.indexOf(last) >= 0;
+}
+
+void QCheckUpdate::downloadReadyReadTxt()
+{
+    m_download.takeArrived();
+}
+
+QCheckUpdate::Offer QCheckUpdate::compare(const QString &fetched, const QString &current)
+{
+    const auto is = fieldsOf(fetched);
+    const auto was = fieldsOf(current);
+    if (scoreOf(is) < scoreOf(was) || fetched == current) return Offer::None;
+    if (is[0] > was[0]) return Offer::Major;
+    // A smaller field doesn't end it: the next one may still be greater.
+    for (size_t i = 1; i < is.size(); ++i)
+        if (is[i] > was[i]) return Offer::Minor;
+    return Offer::None;
+}
+
+void QCheckUpdate::downloadFinishedTxt()
+{
+    isMajorUpdate = false;
+    isMinorUpdate = false;
+    const QString problem = m_download.finish();
+    Offer found = Offer::None;
+    QString version;
+    if (problem.isEmpty()) {
+        version = firstLine(VersionTxtPath);
+        if (!CheckIfCurrentVersionLatest(version)) found = compare(version, QLatin1String(kCurrentVersion));
+    } else {
+        qDebug("Failed: %s\n", qPrintable(problem));
+    }
+    UpdateVersionAvailable = found != Offer::None;
+    hide();
+    if (UpdateVersionAvailable)
+        offer(found, version);
+    else
+        sayNoUpdate();
+    deleteLater();
+}
+
+void QCheckUpdate::offer(Offer kind, const QString &version)
+{
+    FramelessDialog *dialog = nullptr;
+    if (kind == Offer::Major) {
+        fillSoftwareUpdate(tr("Major"), version, tr("Major Update"));
+        dialog = new QMajorUpdate(parentWidget());
+    } else {
+        fillSoftwareUpdate(tr("Minor"), version, tr("Minor Update"));
+        dialog = new QMinorUpdate(parentWidget());
+    }
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+}
+
+void QCheckUpdate::sayNoUpdate()
+{
+    emit NoUpdates();
+    if (!bCheckForUpdate) return;
+    bCheckForUpdate = false;
+    MessageBox box(parentWidget());
+    box.setPicture(QStringLiteral(":/res/info.png"));
+    box.setText(tr("No update available."));
+    box.exec();
+}
+
+void QCheckUpdate::retranslate()
+{
+    ui->retranslateUi(content());
+    FramelessDialog::retranslate();
+}

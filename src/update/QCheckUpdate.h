@@ -1,0 +1,48 @@
+// Asks the update server for the version on offer, and says what follows from it.
+#pragma once
+
+#include "dialogs/FramelessDialog.h"
+#include "update/Download.h"
+
+#include <memory>
+
+namespace Ui {
+class CheckUpdate;
+}
+
+/// Fetches as soon as it is made. With `bCheckForUpdate` clear nothing is shown but an update. Deletes itself when it has
+/// nothing left to do.
+class QCheckUpdate : public FramelessDialog
+{
+    Q_OBJECT
+
+public:
+    explicit QCheckUpdate(QWidget *parent = nullptr);
+    ~QCheckUpdate() override;
+
+    void ConnectingServer();
+    /// True if the update installed last, as the store "apple"/"KMPR.db" knows it, is found in `version`.
+    static bool CheckIfCurrentVersionLatest(const QString &version);
+
+    enum class Offer { None, Minor, Major };
+    /// What a fetched version means for a program of version `current`. Fields behind the first are looked at by their
+    /// first digit alone.
+    static Offer compare(const QString &fetched, const QString &current);
+
+public slots:
+    void downloadReadyReadTxt();
+    void downloadFinishedTxt();
+
+signals:
+    void NoUpdates();
+
+protected:
+    void retranslate() override;
+
+private:
+    void offer(Offer kind, const QString &version);
+    void sayNoUpdate();
+
+    std::unique_ptr<Ui::CheckUpdate> ui;
+    Download m_download;
+};

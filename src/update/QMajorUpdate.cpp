@@ -1,0 +1,14 @@
+#include "update/QMajorUpdate.h"
+
+#include "update/ui_UpdateOffer.h"
+
+QMajorUpdate::QMajorUpdate(QWidget *parent) : UpdateOffer(parent, true)
+{
+    connect(ui->VisitBtn, &QPushButton::clicked, this, &QMajorUpdate::OnVisitUpdatePage);
+    finishSetUp({560, 190}, ui->DownloadBtn);
+}
+
+void QMajorUpdate::OnVisitUpdatePage()
+{
+    openLink("VisitUpdateLink");
+}
