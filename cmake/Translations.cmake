@@ -1,6 +1,5 @@
 # The texts of the program in seven languages: PhotoTranslation/LANG_XX.ts is made into Resources/PhotoTranslation/XX of the
 # staged tree, beside the toolkit's own texts.
-find_package(Qt5 5.15 REQUIRED COMPONENTS LinguistTools)
 get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
 execute_process(COMMAND "${qmake}" -query QT_INSTALL_TRANSLATIONS OUTPUT_VARIABLE qt_translations
     OUTPUT_STRIP_TRAILING_WHITESPACE)

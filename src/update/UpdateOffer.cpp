@@ -56,7 +56,7 @@ void UpdateOffer::openLink(const char *base)
 void UpdateOffer::retranslate()
 {
     ui->retranslateUi(content());
-    setWindowTitle(m_withPage ? tr("Major Update") : tr("Minor Update"));
+    content()->setWindowTitle(m_withPage ? tr("Major Update") : tr("Minor Update"));
     ShowNewVersionDetails();
     FramelessDialog::retranslate();
 }

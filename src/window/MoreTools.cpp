@@ -43,7 +43,7 @@ void BrowseRepair::retranslateMoreTools()
 {
     if (!pMoreToolsBtn) return;
     pMoreToolsBtn->setText(tr("More Tools"));
-    pMoreToolsBtn->setGeometry(6, 3, std::max(112, pMoreToolsBtn->sizeHint().width() + 8), 22);
+    pMoreToolsBtn->setGeometry(6, 2, std::max(112, pMoreToolsBtn->sizeHint().width() + 8), 24);
     const QString names[] = {tr("Recover Data"), tr("Monitor Drive"), tr("Repair Video"), tr("Recover Photo")};
     const QList<QAction *> actions = pMoreToolsBtn->menu()->actions();
     for (int i = 0; i < actions.size(); ++i) {

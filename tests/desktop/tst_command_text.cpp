@@ -22,6 +22,7 @@ private slots:
     void readOnlyPlace_data();
     void readOnlyPlace();
     void previewKind();
+    void installSteps();
 };
 
 void TestCommandText::lines_data()
@@ -172,6 +173,16 @@ void TestCommandText::previewKind()
     QVERIFY(commandText::previewKind(8) == PreviewKind::Panel);
     QVERIFY(commandText::previewKind(7) == PreviewKind::OldPanel);
     QVERIFY(commandText::previewKind(6) == PreviewKind::None);
+}
+
+void TestCommandText::installSteps()
+{
+    QCOMPARE(
+        commandText::installSteps("/Applications/My tools"),
+        (QStringList{"rm -R /var/tmp/Vorlane/Kesmira.app", "unzip /var/tmp/Vorlane/Kesmira.zip -d/var/tmp/Vorlane/",
+                     "rm -R /var/tmp/Vorlane/Kesmira.zip", "rm -R '/Applications/My tools/Kesmira.app'",
+                     "ditto -rsrc '/var/tmp/Vorlane/Kesmira.app' '/Applications/My tools/Kesmira.app'",
+                     "rm -R /var/tmp/Vorlane/Kesmira.app"}));
 }
 
 QTEST_APPLESS_MAIN(TestCommandText)

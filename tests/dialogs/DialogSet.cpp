@@ -1,6 +1,7 @@
 #include "DialogSet.h"
 
 #include "app/KesmiraApp.h"
+#include "dialogs/AboutDlg.h"
 #include "dialogs/AdvancedRepairDlg.h"
 #include "dialogs/AlreadyExistFileDlg.h"
 #include "dialogs/BackApplicationDlg.h"
@@ -11,6 +12,9 @@
 #include "dialogs/ReferenceFileDlg.h"
 #include "dialogs/SavingFinishDlg.h"
 #include "dialogs/StopDlg.h"
+#include "update/QDownloadApp.h"
+#include "update/QMajorUpdate.h"
+#include "update/QMinorUpdate.h"
 
 #include <QCoreApplication>
 #include <QPushButton>
@@ -83,6 +87,10 @@ const std::vector<DialogCase> &allDialogs()
          }},
         {"file, one of one", [](QWidget *parent) { return makeFile(parent, 1); }},
         {"file, one of many", [](QWidget *parent) { return makeFile(parent, 2); }},
+        {"about", plain<AboutDlg>},
+        {"minor update", plain<QMinorUpdate>},
+        {"major update", plain<QMajorUpdate>},
+        {"download", plain<QDownloadApp>},
         {"saved", [](QWidget *parent) { return std::make_unique<SavingFinishDlg>(parent, "/media/card/out"); }},
     };
     return all;

@@ -3,7 +3,7 @@
 
 #include "dialogs/FramelessDialog.h"
 #include "support/FakeDesktop.h"
-#include "support/WordyTranslator.h"
+#include "support/Spoken.h"
 
 #include <QStringList>
 

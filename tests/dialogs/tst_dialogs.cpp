@@ -425,6 +425,14 @@ void TestDialogs::longTextsFit()
     QCoreApplication::removeTranslator(&wordy);
     QTRY_COMPARE(before->windowTitle(), title);
     QCOMPARE(before->size(), size);
+
+    for (const QString &language : Spoken::all()) {
+        const Spoken spoken(language);
+        QVERIFY(spoken.isThere());
+        const auto dialog = makeDialog(name);
+        dialog->show();
+        QTRY_COMPARE(clipped(*dialog), QString());
+    }
 }
 
 void TestDialogs::drag_data()

@@ -1,14 +1,16 @@
 // The two pages for whoever has no mouse, sees no screen, or speaks a language with longer words: what the Tab key reaches
 // and in which order, what a screen reader hears, which keys do what, and whether every text is whole.
 
+#include "desktop/Languages.h"
 #include "desktop/Look.h"
-#include "support/WordyTranslator.h"
+#include "support/Spoken.h"
 #include "window/Photos.h"
 #include "window/WindowRoom.h"
 
 #include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QStyleOptionButton>
 
 namespace {
@@ -293,26 +295,41 @@ void TestAccessible::keys()
 void TestAccessible::textsFit_data()
 {
     stateColumns();
-    QTest::addColumn<bool>("longer");
+    QTest::addColumn<QString>("language");
     const std::pair<const char *, State> states[] = {
         {"empty list", State::Empty}, {"list", State::Listed}, {"run", State::Running}, {"results", State::Done}};
-    for (const auto &[name, state] : states)
-        for (const bool chinese : {false, true})
-            for (const bool longer : {false, true})
-                QTest::addRow("%s%s%s", name, chinese ? ", fixed to Chinese" : "", longer ? ", long words" : "")
-                    << state << chinese << longer;
+    for (const auto &[name, state] : states) {
+        for (const QString &language : QStringList{"", "long"} + Spoken::all())
+            QTest::addRow("%s %s", name, qPrintable(language)) << state << false << language;
+        for (const QString &language : {QString(), QString("long"), QString("CN")})
+            QTest::addRow("%s %s, fixed to Chinese", name, qPrintable(language)) << state << true << language;
+    }
 }
 
 void TestAccessible::textsFit()
 {
     QFETCH(State, state);
     QFETCH(bool, chinese);
-    QFETCH(bool, longer);
-    WordyTranslator wordy;
-    if (longer) QCoreApplication::installTranslator(&wordy);
+    QFETCH(QString, language);
+    const Spoken spoken(language);
+    QVERIFY(spoken.isThere());
     WindowRoom room(chinese);
+    if (Spoken::all().contains(language)) {
+        setLanguageFlags(Spoken::all().indexOf(language));
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(room.window.get(), &change);
+    }
     bringTo(room, state);
     QTRY_COMPARE(layoutFaults(room), QString());
+    // The words of a row's button are measured in the languages that there are; the made one is longer than any.
+    const QAbstractButton *button = state == State::Done && language != "long" ? room.rowButton("b.jpg") : nullptr;
+    if (button) QVERIFY(button->fontMetrics().horizontalAdvance(button->text()) <= button->width() - 10);
+    for (const QMenu *menu : room.window->findChildren<QMenu *>()) {
+        QStringList keys;
+        for (const QAction *action : menu->actions()) keys << QKeySequence::mnemonic(action->text()).toString();
+        keys.removeAll(QString());
+        QCOMPARE(keys.removeDuplicates(), 0);
+    }
 }
 
 QTEST_MAIN(TestAccessible)

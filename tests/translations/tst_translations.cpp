@@ -1,0 +1,151 @@
+// The catalogues: every text of the source has its translation, and says it in the form of the source.
+
+#include "support/Spoken.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+namespace {
+
+struct Message
+{
+    QString context, source, state; ///< state: "" finished, "unfinished", "vanished", "obsolete"
+    QStringList translations;       ///< several for a text with numbers
+};
+
+QList<Message> readMessages(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QList<Message> messages;
+    Message message;
+    QString context;
+    QXmlStreamReader xml(&file);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement) continue;
+        if (xml.name() == QLatin1String("name")) context = xml.readElementText();
+        if (xml.name() == QLatin1String("source")) message = {context, xml.readElementText(), {}, {}};
+        if (xml.name() != QLatin1String("translation")) continue;
+        message.state = xml.attributes().value("type").toString();
+        QString text;
+        while (xml.readNext() != QXmlStreamReader::EndElement || xml.name() != QLatin1String("translation")) {
+            if (xml.isCharacters()) text += xml.text();
+            if (xml.isStartElement())
+                message.translations << xml.readElementText(QXmlStreamReader::IncludeChildElements);
+        }
+        if (message.translations.isEmpty()) message.translations << text;
+        messages << message;
+    }
+    return messages;
+}
+
+QStringList placeholders(const QString &text)
+{
+    QStringList found;
+    auto it = QRegularExpression("%(\\d|n)").globalMatch(text);
+    while (it.hasNext()) found << it.next().captured();
+    found.sort();
+    return found;
+}
+
+int mnemonics(QString text)
+{
+    return text.remove("&&").count(QRegularExpression("&\\S"));
+}
+
+/// What of the form of `source` isn't there in `translation`; "" for nothing.
+QString difference(const QString &source, const QString &translation)
+{
+    const auto blanks = [](const QString &text, bool front) {
+        static const QRegularExpression head("^[ \\n]*"), tail("[ \\n]*$");
+        return (front ? head : tail).match(text).captured();
+    };
+    if (translation.isEmpty()) return "empty";
+    if (placeholders(source) != placeholders(translation)) return "placeholders";
+    // "&" in quoted words is an "and" of the source.
+    if (!source.contains(" & ") && mnemonics(source) != mnemonics(translation)) return "mnemonic";
+    if (source.count('\n') != translation.count('\n')) return "line breaks";
+    if (blanks(source, true) != blanks(translation, true)) return "leading blanks";
+    if (blanks(source, false) != blanks(translation, false)) return "trailing blanks";
+    return {};
+}
+
+} // namespace
+
+class TestTranslations : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyTextIsTranslated_data() { languages(); }
+    void everyTextIsTranslated();
+    void formIsKept_data() { languages(); }
+    void formIsKept();
+    void catalogueIsBuilt_data() { languages(); }
+    void catalogueIsBuilt();
+
+private:
+    static void languages()
+    {
+        QTest::addColumn<QString>("language");
+        for (const QString &language : Spoken::all()) QTest::newRow(qPrintable(language)) << language;
+    }
+    static QString file(const QString &language)
+    {
+        return QStringLiteral(KESMIRA_SOURCE_DIR "/PhotoTranslation/LANG_%1.ts").arg(language);
+    }
+};
+
+void TestTranslations::everyTextIsTranslated()
+{
+    QFETCH(QString, language);
+    // A copy is brought up to date with the source: what is new in it has no translation, what is gone says so.
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath("LANG.ts");
+    QVERIFY(QFile::copy(file(language), copy));
+    QProcess update;
+    update.start(KESMIRA_LUPDATE, {"-silent", "-locations", "none", KESMIRA_SOURCE_DIR "/src", "-ts", copy});
+    QVERIFY(update.waitForFinished(60000) && update.exitCode() == 0);
+    const QList<Message> messages = readMessages(copy);
+    QVERIFY(messages.size() > 150);
+    QStringList wrong;
+    for (const Message &message : messages)
+        if (!message.state.isEmpty()) wrong << message.state + ": " + message.context + " \"" + message.source + '"';
+    QCOMPARE(wrong.join("; "), QString());
+}
+
+void TestTranslations::formIsKept()
+{
+    QFETCH(QString, language);
+    QStringList wrong;
+    const bool english = language == "EN";
+    for (const Message &message : readMessages(file(language))) {
+        for (const QString &translation : message.translations) {
+            const QString what = english && translation != message.source ? QString("not the source's")
+                                                                          : difference(message.source, translation);
+            if (!what.isEmpty()) wrong << what + ": \"" + translation + '"';
+        }
+    }
+    QCOMPARE(wrong.join("; "), QString());
+}
+
+void TestTranslations::catalogueIsBuilt()
+{
+    QFETCH(QString, language);
+    const Spoken spoken(language);
+    QVERIFY(spoken.isThere());
+    const QString stop = QCoreApplication::translate("BrowseRepairObj", "Show Thumbnail");
+    QCOMPARE(stop == "Show Thumbnail", language == "EN");
+    // The toolkit's own words, as its dialogs show them.
+    const QString locale = language == "CN" ? QString("zh_CN") : language.toLower();
+    QTranslator toolkit;
+    QVERIFY(toolkit.load("qt_" + locale, QStringLiteral(KESMIRA_TRANSLATIONS "/") + language));
+    QCOMPARE(toolkit.translate("QPlatformTheme", "Cancel").isEmpty(), language == "EN");
+}
+
+QTEST_GUILESS_MAIN(TestTranslations)
+#include "tst_translations.moc"
