@@ -100,7 +100,7 @@ QString rawFile(const QByteArray &head, int megabytes)
     return out.fileName();
 }
 
-qint64 memchrPass(const QByteArray &path)
+qint64 memchrPass(const QByteArray &path, quint8 byte)
 {
     std::vector<char> block(256 * 1024);
     qint64 hits = 0;
@@ -108,7 +108,7 @@ qint64 memchrPass(const QByteArray &path)
     for (ssize_t got = 0; (got = ::read(fd, block.data(), block.size())) > 0;) {
         const char *at = block.data();
         const char *end = at + got;
-        while ((at = static_cast<const char *>(std::memchr(at, 0xFF, size_t(end - at))))) {
+        while ((at = static_cast<const char *>(std::memchr(at, byte, size_t(end - at))))) {
             ++hits;
             if (++at == end) break;
         }

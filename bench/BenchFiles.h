@@ -12,7 +12,7 @@ QString photograph();
 /// A raw file of about `megabytes` MB (1 MB where KESMIRA_BENCH_SMALL is set): `head`, and behind it what sensor data looks
 /// like to a search, bytes of every value, FF among them as often as any.
 QString rawFile(const QByteArray &head, int megabytes);
-/// Reads the whole file and counts its FF by memchr: the floor of every search.
-qint64 memchrPass(const QByteArray &path);
+/// Reads the whole file and counts one byte by memchr: the floor of every search.
+qint64 memchrPass(const QByteArray &path, quint8 byte = 0xFF);
 /// A private folder for roots and outputs of the process.
 QString benchFolder();

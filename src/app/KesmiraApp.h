@@ -32,6 +32,10 @@ public:
     void ApplicationInfoSettings();
     /// Fills `strHostName`, `strOsName`, `strOsVersionHex`, `strOsVersion` and `strProcessorName`.
     void GetMySystemInfo();
+    /// Fills the fields of addresses and labels from the link file `strLinkPlistPath`.
+    void GetPlistLinks();
+    /// Fills the paths of the sibling tools' settings files, from the program's own folder. None needs to exist.
+    void GetOtherAppsPlistPath();
 
     void *pWindow = nullptr; ///< what InitInstance was given; read by nothing
 
@@ -55,6 +59,22 @@ public:
     QString strFullRecoverPhotoPath;
     QString strClipMenderPath;
     QString strFullRecoverPath;
+    QString strDriveWatchPlistPath; ///< the settings files of these tools
+    QString strFullRecoverPhotoPlistPath;
+    QString strClipMenderPlistPath;
+    QString strFullRecoverPlistPath;
+    QString strContactSalesLink; ///< addresses and labels of the link file, "" where it lacks the key
+    QString strContactSalesName;
+    QString strEmailToSupport;
+    QString strSupportName;
+    QString strKBLink;
+    QString strKBName;
+    QString strSkypeID;
+    QString strSkypeLink;
+    QString strSubmitEnquiryLink;
+    QString strSubmitEnquiryName;
+    QString strWebsiteLink;
+    QString strWebsiteName;
     QString strDefaultBrowser;
     QString strResourcesPath; ///< resource folder of the outer bundle
     QString strLinkPlistPath; ///< link and settings file in that folder

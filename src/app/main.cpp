@@ -1,5 +1,6 @@
 // The window program: one source for both builds, the one fixed to Chinese and the international one.
 #include "app/KesmiraApp.h"
+#include "desktop/CommandLine.h"
 #include "desktop/Languages.h"
 #include "desktop/Look.h"
 #include "desktop/Paths.h"
@@ -8,20 +9,30 @@
 #include "window/BrowseRepair.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QSettings>
+#include <QTextCodec>
+
+#include <cstdio>
 
 namespace {
 
-/// Paths of the files on the command line, absolute.
-QStringList namedFiles()
+void complain(const QString &line)
 {
-    QStringList paths;
-    for (const QString &argument : QCoreApplication::arguments().mid(1))
-        if (!argument.startsWith('-')) paths << QFileInfo(argument).absoluteFilePath();
-    return paths;
+    std::fprintf(stderr, "kesmira: %s\n", line.toUtf8().constData());
+}
+
+/// What --help and --version print, "" where a window is wanted. Needs no display, so that these work everywhere.
+QString textWithoutWindow(int argc, char *argv[])
+{
+    // A starter may have called the program by its path; people know it by this name.
+    char name[] = "kesmira";
+    char *names[] = {name, nullptr};
+    int one = 1;
+    const QCoreApplication application(one, names);
+    QStringList arguments{QString::fromLatin1(name)};
+    for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+    return readCommandLine(arguments).text;
 }
 
 int refuse(const QString &why)
@@ -43,28 +54,40 @@ void setUpLanguage()
 int main(int argc, char *argv[])
 {
     QCoreApplication::setSetuidAllowed(true);
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); // file names, whatever the locale
+    const QString text = textWithoutWindow(argc, argv);
+    if (!text.isEmpty()) return std::fputs(text.toUtf8().constData(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
+    const CommandLine line = readCommandLine(QCoreApplication::arguments());
+    if (!line.wrong.isEmpty()) {
+        complain(line.wrong + "; --help tells more");
+        return 2;
+    }
+    for (const QString &argument : line.passedOver) complain(argument);
     QCoreApplication::setOrganizationName(QStringLiteral("Vorlane"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("vorlane.example"));
     QCoreApplication::setApplicationName(QStringLiteral("Kesmira"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESMIRA_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.vorlane.Kesmira"));
     look::apply(application);
     pApp->strDefaultBrowser.clear();
     pApp->strPreviewHelperPath.clear();
     bChineseCustomBuild = KESMIRA_CHINESE_BUILD;
     pApp->bChineseBuild = KESMIRA_CHINESE_BUILD;
+    pApp->GetOtherAppsPlistPath();
     setApplicationPaths(QCoreApplication::applicationDirPath());
     setUpLanguage();
     const QSettings preferences(QStringLiteral("vorlane"), QStringLiteral("KMPRepairPreferences"));
+    pApp->GetPlistLinks();
 
     const QString tables = checkBuiltInTables();
     if (!tables.isEmpty()) return refuse(tables);
     SingleInstance instance;
     QString why;
-    switch (instance.start(namedFiles(), &why)) {
+    switch (instance.start(line.files, &why)) {
     case SingleInstance::Start::First: break;
     case SingleInstance::Start::HandedOver: return 0;
     case SingleInstance::Start::Refused: return refuse(why);
@@ -74,6 +97,6 @@ int main(int argc, char *argv[])
     QObject::connect(&instance, &SingleInstance::asked, window, &BrowseRepair::ComeToFront);
     window->show();
     pApp->InitInstance(window);
-    window->AddNamedFiles(namedFiles());
+    window->AddNamedFiles(line.files);
     return QApplication::exec();
 }

@@ -49,6 +49,17 @@ QString picture(const QString &name)
     return ":/res/" + name + (language ? language->picture : languages().first().picture) + ".png";
 }
 
+void install(const Language &language)
+{
+    TranslatorPath = language.translationFolder();
+    language.qtTranslator->load(language.qtFile, TranslatorPath);
+    QCoreApplication::installTranslator(language.qtTranslator);
+    language.appTranslator->load(language.appFile, TranslatorPath);
+    QCoreApplication::installTranslator(language.appTranslator);
+}
+
+const QString kLanguageKey = QStringLiteral("LanguageType");
+
 } // namespace
 
 QString Language::translationFolder() const
@@ -59,13 +70,20 @@ QString Language::translationFolder() const
 const QVector<Language> &languages()
 {
     static const QVector<Language> table{
-        {0, &KesmiraApp::bLangEnglish, "EN", "qt_en", "LANG_EN", "en", &en_qtTranslator, &en_myappTranslator},
-        {1, &KesmiraApp::bLangGerman, "DE", "qt_de", "LANG_DE", "de", &de_qtTranslator, &de_myappTranslator},
-        {2, &KesmiraApp::bLangFrench, "FR", "qt_fr", "LANG_FR", "fr", &fr_qtTranslator, &fr_myappTranslator},
-        {3, &KesmiraApp::bLangItalian, "IT", "qt_it", "LANG_IT", "it", &It_qtTranslator, &it_myappTranslator},
-        {4, &KesmiraApp::bLangSpanish, "ES", "qt_es", "LANG_ES", "es", &es_qtTranslator, &es_myappTranslator},
-        {5, &KesmiraApp::bLangJapanese, "JA", "qt_ja", "LANG_JA", "cja", &ja_qtTranslator, &ja_myappTranslator},
-        {6, &KesmiraApp::bLangChinese, "CN", "qt_zh_CN", "LANG_CN", "cn", &ch_qtTranslator, &ch_myappTranslator},
+        {0, &KesmiraApp::bLangEnglish, "EN", "qt_en", "LANG_EN", "en", &en_qtTranslator, &en_myappTranslator, 0,
+         "English"},
+        {1, &KesmiraApp::bLangGerman, "DE", "qt_de", "LANG_DE", "de", &de_qtTranslator, &de_myappTranslator, 1,
+         "Deutsch"},
+        {2, &KesmiraApp::bLangFrench, "FR", "qt_fr", "LANG_FR", "fr", &fr_qtTranslator, &fr_myappTranslator, 2,
+         "Français"},
+        {3, &KesmiraApp::bLangItalian, "IT", "qt_it", "LANG_IT", "it", &It_qtTranslator, &it_myappTranslator, 3,
+         "Italiano"},
+        {4, &KesmiraApp::bLangSpanish, "ES", "qt_es", "LANG_ES", "es", &es_qtTranslator, &es_myappTranslator, 4,
+         "Español"},
+        {5, &KesmiraApp::bLangJapanese, "JA", "qt_ja", "LANG_JA", "cja", &ja_qtTranslator, &ja_myappTranslator, 5,
+         "日本語"},
+        {6, &KesmiraApp::bLangChinese, "CN", "qt_zh_CN", "LANG_CN", "cn", &ch_qtTranslator, &ch_myappTranslator, 5,
+         "中文"},
     };
     return table;
 }
@@ -91,8 +109,20 @@ void setLanguageFlags(int number)
 int storedLanguage()
 {
     bool isNumber = false;
-    const int number = linkFile::value(pApp->strLinkPlistPath, QStringLiteral("LanguageType")).toInt(&isNumber);
+    const int number = linkFile::value(pApp->strLinkPlistPath, kLanguageKey).toInt(&isNumber);
     return isNumber ? number : kNoLanguage;
+}
+
+void storeLanguage(int number)
+{
+    linkFile::store(pApp->strLinkPlistPath, kLanguageKey, number);
+}
+
+void LanguageSettingsInOtherApps(int number)
+{
+    for (const QString &settings : {pApp->strDriveWatchPlistPath, pApp->strFullRecoverPhotoPlistPath,
+                                    pApp->strClipMenderPlistPath, pApp->strFullRecoverPlistPath})
+        linkFile::store(settings, kLanguageKey, number);
 }
 
 void loadTranslators()
@@ -105,12 +135,16 @@ void loadTranslators()
         trans.load(other.appFile, TranslatorPath);
         trans.load(other.qtFile, TranslatorPath);
     }
-    if (!current) return;
-    TranslatorPath = current->translationFolder();
-    current->qtTranslator->load(current->qtFile, TranslatorPath);
-    QCoreApplication::installTranslator(current->qtTranslator);
-    current->appTranslator->load(current->appFile, TranslatorPath);
-    QCoreApplication::installTranslator(current->appTranslator);
+    if (current) install(*current);
+}
+
+void changeTranslators()
+{
+    for (const Language &language : languages()) {
+        QCoreApplication::removeTranslator(language.qtTranslator);
+        QCoreApplication::removeTranslator(language.appTranslator);
+    }
+    if (const Language *current = currentLanguage()) install(*current);
 }
 
 QString placeholderPicture()

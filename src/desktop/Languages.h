@@ -42,6 +42,8 @@ struct Language
     QString picture;        ///< suffix of the preview pictures
     QTranslator *qtTranslator;
     QTranslator *appTranslator;
+    int chosenNumber; ///< what a choice in the menu stores: Chinese stores the number of Japanese
+    QString endonym;  ///< its name in itself
 
     /// Folder of its translations: `pApp->strResourcesPath`/PhotoTranslation/FR.
     QString translationFolder() const;
@@ -57,9 +59,16 @@ const Language *currentLanguage();
 void setLanguageFlags(int number);
 /// The number kept under "LanguageType" in the file `pApp->strLinkPlistPath`; -2147483648 if there is none.
 int storedLanguage();
+/// Stores `number` under "LanguageType" in the program's own settings.
+void storeLanguage(int number);
+/// Stores it in the settings of the sibling tools, so that the family of programs keeps one language.
+void LanguageSettingsInOtherApps(int number);
 /// Loads and installs the two translators of the current language, and leaves their folder in `TranslatorPath`. A file
 /// that is missing leaves the built-in English texts.
 void loadTranslators();
+
+/// Takes all translators out, loads and installs those of the current language. Every window is told by its changeEvent.
+void changeTranslators();
 
 /// Resource path of the picture that stands where no row has been clicked yet, in the current language, else English.
 QString placeholderPicture();

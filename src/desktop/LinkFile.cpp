@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QSettings>
 
+#include <utility>
+
 QVariant linkFile::value(const QString &path, const QString &key)
 {
     if (path.isEmpty()) return {};
@@ -31,6 +33,25 @@ QString linkFile::languageText(const QString &base)
 {
     const Language *language = currentLanguage();
     return language ? text(base + '_' + language->folder) : QString();
+}
+
+void KesmiraApp::GetPlistLinks()
+{
+    const std::pair<const char *, QString KesmiraApp::*> fields[] = {
+        {"ContactSalesLink", &KesmiraApp::strContactSalesLink},
+        {"ContactSalesName", &KesmiraApp::strContactSalesName},
+        {"EmailToSupport", &KesmiraApp::strEmailToSupport},
+        {"SupportName", &KesmiraApp::strSupportName},
+        {"KBLink", &KesmiraApp::strKBLink},
+        {"KBName", &KesmiraApp::strKBName},
+        {"SkypeID", &KesmiraApp::strSkypeID},
+        {"SkypeLink", &KesmiraApp::strSkypeLink},
+        {"SubmitEnquiryLink", &KesmiraApp::strSubmitEnquiryLink},
+        {"SubmitEnquiryName", &KesmiraApp::strSubmitEnquiryName},
+        {"WebsiteLink", &KesmiraApp::strWebsiteLink},
+        {"WebsiteName", &KesmiraApp::strWebsiteName},
+    };
+    for (const auto &[key, field] : fields) this->*field = linkFile::text(QLatin1String(key));
 }
 
 bool linkFile::store(const QString &path, const QString &key, const QVariant &value)

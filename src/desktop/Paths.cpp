@@ -2,6 +2,9 @@
 
 #include "app/KesmiraApp.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
+
 namespace {
 
 /// The path `levels` folders further up, without trailing "/": "" stands for the root, above which there is nothing.
@@ -11,18 +14,49 @@ QString above(QString path, int levels)
     return path;
 }
 
+QString withoutSlash(QString folder)
+{
+    while (folder.endsWith('/')) folder.chop(1);
+    return folder;
+}
+
+/// The folders of the sibling tools' bundles.
+struct Siblings
+{
+    QString near, far;
+
+    explicit Siblings(const QString &programFolder) : near(above(programFolder, 6)), far(above(near, 3)) {}
+    QString driveWatch() const { return near + "/TreskenDriveWatch.app"; }
+    QString fullRecoverPhoto() const { return near + "/TreskenFullRecoverPhoto.app"; }
+    QString clipMender() const { return near + "/TreskenClipMender.app"; }
+    QString fullRecover() const { return far + "/TreskenFullRecover.app"; }
+};
+
+/// Each tool keeps its settings where this one does: in the resources of its outer bundle, under its own name.
+QString settingsOf(const QString &bundle)
+{
+    return bundle + "/Contents/Resources/" + QFileInfo(bundle).completeBaseName() + ".plist";
+}
+
 } // namespace
+
+void KesmiraApp::GetOtherAppsPlistPath()
+{
+    const Siblings siblings(withoutSlash(QCoreApplication::applicationDirPath()));
+    strDriveWatchPlistPath = settingsOf(siblings.driveWatch());
+    strFullRecoverPhotoPlistPath = settingsOf(siblings.fullRecoverPhoto());
+    strClipMenderPlistPath = settingsOf(siblings.clipMender());
+    strFullRecoverPlistPath = settingsOf(siblings.fullRecover());
+}
 
 void setApplicationPaths(const QString &applicationDirPath)
 {
-    QString folder = applicationDirPath;
-    while (folder.endsWith('/')) folder.chop(1);
-
-    const QString siblings = above(folder, 6);
-    pApp->strDriveWatchPath = siblings + "/TreskenDriveWatch.app";
-    pApp->strFullRecoverPhotoPath = siblings + "/TreskenFullRecoverPhoto.app";
-    pApp->strClipMenderPath = siblings + "/TreskenClipMender.app";
-    pApp->strFullRecoverPath = above(siblings, 3) + "/TreskenFullRecover.app";
+    const QString folder = withoutSlash(applicationDirPath);
+    const Siblings siblings(folder);
+    pApp->strDriveWatchPath = siblings.driveWatch();
+    pApp->strFullRecoverPhotoPath = siblings.fullRecoverPhoto();
+    pApp->strClipMenderPath = siblings.clipMender();
+    pApp->strFullRecoverPath = siblings.fullRecover();
 
     pApp->strResourcesPath = above(folder, 4) + "/Resources";
     pApp->strLinkPlistPath = pApp->strResourcesPath + "/KMJPGLink.plist";

@@ -42,7 +42,7 @@ QString processorText(const SystemDescription &description)
     case ProcessorFamily::Intel: return QStringLiteral("Intel x86");
     case ProcessorFamily::Other: break;
     }
-    return QSysInfo::currentCpuArchitecture();
+    return QSysInfo::currentCpuArchitecture(); // a family that has no text of its own
 }
 
 } // namespace

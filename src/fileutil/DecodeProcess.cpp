@@ -120,11 +120,12 @@ DecodedHeic DecodeProcess::decode(const QString &path)
 void DecodeProcess::conclude()
 {
     m_decoded = DecodedHeic();
-    if (m_process.error() == QProcess::FailedToStart)
+    if (m_process.error() == QProcess::FailedToStart) {
         m_decoded.problem = QStringLiteral("the decoder can't be started");
-    else if (m_process.exitStatus() == QProcess::CrashExit)
+    } else if (m_process.exitStatus() == QProcess::CrashExit) {
         m_decoded.problem = QStringLiteral("the decoder broke off: the file is damaged, or asks for too much");
-    else
+    } else {
         m_decoded = parse(m_process.readAllStandardOutput());
+    }
     emit finished(m_decoded);
 }

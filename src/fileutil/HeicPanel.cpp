@@ -62,7 +62,12 @@ void HeicPanel::buildWidgets()
     setStyleSheet("HeicPanel { background: #202225; } QLabel { color: #e8eaed; }"
                   "QGraphicsView { background: #202225; border: none; }"
                   "QPushButton { color: #e8eaed; background: #3a3d42; border: 1px solid #6b7076; border-radius: 4px;"
-                  " padding: 4px 12px; } QPushButton:hover { background: #50545a; }"
+                  " padding: 4px 12px; }"
+                  "QScrollBar { background: #202225; border: none; width: 10px; height: 10px; }"
+                  "QScrollBar::handle { background: #6b7076; border-radius: 4px; min-width: 24px; min-height: 24px; }"
+                  "QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::sub-page"
+                  " { background: none; border: none; width: 0; height: 0; }"
+                  "QPushButton:hover { background: #50545a; }"
                   "QPushButton:disabled { color: #8a8f95; background: #2b2d31; }");
     m_view = new QGraphicsView(new QGraphicsScene(this), this);
     m_view->setFocusPolicy(Qt::NoFocus);
@@ -153,6 +158,7 @@ void HeicPanel::setPicture(const QPixmap &picture)
 void HeicPanel::fit()
 {
     m_fits = true;
+    setScrollBars(Qt::ScrollBarAlwaysOff); // one that half a pixel calls for takes room, and calls for the other
     if (!m_item) return;
     const QSizeF room = m_view->maximumViewportSize();
     const QSizeF size = m_item->boundingRect().size();
@@ -162,10 +168,17 @@ void HeicPanel::fit()
     m_view->setTransform(QTransform::fromScale(scale, scale));
 }
 
+void HeicPanel::setScrollBars(Qt::ScrollBarPolicy policy)
+{
+    m_view->setHorizontalScrollBarPolicy(policy);
+    m_view->setVerticalScrollBarPolicy(policy);
+}
+
 void HeicPanel::zoomTo(double wanted)
 {
     if (m_pixmap.isNull()) return;
     m_fits = false;
+    setScrollBars(Qt::ScrollBarAsNeeded);
     const double scale = std::clamp(wanted, kSmallest, kLargest);
     m_view->setTransform(QTransform::fromScale(scale, scale));
 }

@@ -41,6 +41,7 @@ private:
     void showProblem(const QString &problem);
     void setPicture(const QPixmap &picture);
     void fit();
+    void setScrollBars(Qt::ScrollBarPolicy policy);
     void zoomTo(double scale);
     void zoomBy(double factor) { zoomTo(scale() * factor); }
     void saveAs();

@@ -31,15 +31,6 @@ namespace {
 
 constexpr int kStripHeight = 28;
 
-/// Makes a button as wide as its text asks for; the side that is away from the window's middle stays where it is.
-void fitWidth(QWidget *widget, int windowWidth)
-{
-    const QRect now = widget->geometry();
-    const int width = std::max(now.width(), widget->sizeHint().width());
-    const bool onTheRight = now.center().x() > windowWidth / 2;
-    widget->setGeometry(onTheRight ? now.right() + 1 - width : now.x(), now.y(), width, now.height());
-}
-
 } // namespace
 
 BrowseRepair::BrowseRepair(QWidget *parent)
@@ -76,6 +67,7 @@ BrowseRepair::BrowseRepair(QWidget *parent)
     setTitleLabels();
     Init();
     SetFixedSizeWidget();
+    CreateMoreToolsMenu();
     connectSignals();
     orderFocus();
     ui->graphicsView->setFixedSize(430, 290);
@@ -150,7 +142,7 @@ void BrowseRepair::buildDropArea()
     pDropHint->setObjectName(QStringLiteral("pDropHint"));
     pDropHint->setProperty("role", "hint");
     pDropHint->setAlignment(Qt::AlignCenter);
-    pDropHint->setGeometry(40, 222, 720, 40);
+    pDropHint->setGeometry(29, 222, 721, 40); // under the button, which isn't in the middle
     pDropHint->setWordWrap(true);
 }
 
@@ -195,21 +187,6 @@ void BrowseRepair::Init()
     pApp->GetMySystemInfo();
 }
 
-void BrowseRepair::SetFixedSizeWidget()
-{
-    for (QWidget *button :
-         {static_cast<QWidget *>(ui->AddFilesBtn), static_cast<QWidget *>(ui->StartRepairFilesBtn),
-          static_cast<QWidget *>(ui->SaveRepairBtn_2), static_cast<QWidget *>(ui->StopRepairProcessBtn_2)})
-        fitWidth(button, width());
-    ui->RemovFileBtn->move(ui->AddFilesBtn->geometry().right() + 9, ui->RemovFileBtn->y());
-    // The two boxes of the results page stand side by side as far as their words let them.
-    const int selectAll = std::max(150, ui->SelectAll_labl->sizeHint().width());
-    ui->SelectAll_labl->setFixedWidth(selectAll);
-    ui->checkBox3->move(ui->SelectAll_labl->x() + selectAll + 8, ui->checkBox3->y());
-    ui->ShowLabl->move(ui->checkBox3->x() + 22, ui->ShowLabl->y());
-    ui->ShowLabl->setFixedWidth(ui->ShowLabl->sizeHint().width());
-}
-
 void BrowseRepair::retranslate()
 {
     ui->retranslateUi(this);
@@ -220,6 +197,20 @@ void BrowseRepair::retranslate()
     pDropHint->setText(tr("Click to add photos, or drag JPEG files here."));
     pFileList->setAccessibleName(tr("Files to repair"));
     pResultTree->setAccessibleName(tr("Repair results"));
+    retranslateMoreTools();
+    for (const auto &[place, words] : m_words) words();
+    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
+        const QString type = (*it)->data(column::Type, Qt::UserRole).toString();
+        if (!type.isEmpty()) (*it)->setText(column::Type, typeText(type));
+        CustomButton *button = buttonOf(*it);
+        if (button && !button->text().isEmpty()) button->setText(tr(button->property(kWords).toByteArray()));
+    }
+}
+
+void BrowseRepair::say(const QObject *place, std::function<void()> words)
+{
+    words();
+    m_words[place] = std::move(words);
 }
 
 void BrowseRepair::changeEvent(QEvent *event)
@@ -293,7 +284,7 @@ void BrowseRepair::orderFocus()
 {
     const QList<QWidget *> first{
         pDropButton,   pFileList,   ui->checkBox1,   ui->AddFilesBtn, ui->RemovFileBtn, ui->StartRepairFilesBtn,
-        ui->UpdateBtn, ui->HelpBtn, ui->MiniMaBtn_2, ui->closeBtn_2};
+        ui->UpdateBtn, ui->HelpBtn, ui->MiniMaBtn_2, ui->closeBtn_2,  pMoreToolsBtn};
     const QList<QWidget *> second{pResultTree,         ui->checkBox1_2, ui->checkBox3,   ui->StopRepairProcessBtn_2,
                                   ui->SaveRepairBtn_2, ui->BackBtn_2,   ui->UpdateBtn_2, ui->HelpBtn_1,
                                   ui->MiniMaBtn,       ui->closeBtn};

@@ -1,7 +1,7 @@
 // The main window with its two pages, the file list and the results, and the driver of a run.
 // One class over several files by task: BrowseRepair.cpp (construction), Menus.cpp, FileIntake.cpp, RunStart.cpp,
 // RunDriver.cpp, SampleDriver.cpp and HeicSampleDriver.cpp (on the worker), RunEffects.cpp, Results.cpp, Preview.cpp,
-// Sample.cpp, StopBackClose.cpp, Saving.cpp.
+// Sample.cpp, StopBackClose.cpp, Saving.cpp, Language.cpp, Links.cpp (help and addresses), MoreTools.cpp.
 //
 // The worker touches no widget and no member but m_plan: it posts effects, which run on the main thread in their order
 // and name a row by number. Effects of a run that Back or Close has ended do nothing. While the worker runs, the fields
@@ -23,6 +23,7 @@
 
 #include <atomic>
 #include <functional>
+#include <map>
 #include <memory>
 
 class AdvancedRepairDlg;
@@ -114,8 +115,38 @@ public slots:
     void OnClickedBackBtn();
     void CloseProcess();
     void MinimiseWin();
+
+    // Help and links
+    /// The help page that fits the screen; none in languages without help.
     void OnHelp();
+    void onHelpBtnClick();
+    void onViewSupport();
+    void onGenerateTicket();
+    void onViewKB();
+    void onMailVorlaneSupport();
+    void onAbout();
     void onUpdateWizard();
+    // The sibling tools; a start that works ends this program.
+    void LaunchDataRecovery();
+    void LaunchDriveMonitor();
+    void LaunchVideoRepair();
+    void LaunchPhotoRecovery();
+
+    // The language of the interface, chosen in the first menu bar or the second
+    void LoadEnglishLanguages() { loadLanguage(0, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadGermanLanguages() { loadLanguage(1, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadFrenchLanguages() { loadLanguage(2, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadItalianLanguages() { loadLanguage(3, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadSpanishLanguages() { loadLanguage(4, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadJapaneseLanguages() { loadLanguage(5, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadChineseLanguages() { loadLanguage(6, &BrowseRepair::OnLanguageChangeCheckBoxUpdate); }
+    void LoadEnglishLanguages2() { loadLanguage(0, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
+    void LoadGermanLanguages2() { loadLanguage(1, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
+    void LoadFrenchLanguages2() { loadLanguage(2, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
+    void LoadItalianLanguages2() { loadLanguage(3, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
+    void LoadSpanishLanguages2() { loadLanguage(4, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
+    void LoadJapaneseLanguages2() { loadLanguage(5, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
+    void LoadChineseLanguages2() { loadLanguage(6, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
 
 signals:
     void displayItem();
@@ -155,6 +186,7 @@ private:
     void CreateMenuBar();
     void CreateMenuBar2();
     void CreateShortcuts();
+    void fillMenuBar(QMenuBar *bar, std::initializer_list<const char *> fileActions, int number);
     void connectSignals();
     void connectRunSignals();
     void buildTrees();
@@ -162,6 +194,37 @@ private:
     void orderFocus();
     void retranslate();
     void retranslateMenus();
+    /// Puts words in their place, now and again whenever the language changes.
+    void say(const QObject *place, std::function<void()> words);
+
+    // Languages
+    void addLanguageMenu(QMenuBar *bar, int number);
+    static void checkLanguage(QMenu *menu);
+    void loadLanguage(int number, void (BrowseRepair::*updateChecks)());
+    void OnLanguageChangeCheckBoxUpdate();
+    void OnLanguageChangeCheckBoxUpdate2();
+    void updateLanguageChecks(QMenuBar *bar);
+    void SetEnglishGeometry() { setGeometryOf(0); }
+    void SetGermanGeometry() { setGeometryOf(1); }
+    void SetFrenchGeometry() { setGeometryOf(2); }
+    void SetItalianGeometry() { setGeometryOf(3); }
+    void SetSpanishGeometry() { setGeometryOf(4); }
+    void SetJapaneseGeometry() { setGeometryOf(5); }
+    void SetChainesGeometry() { setGeometryOf(6); }
+    void setGeometryOf(int number);
+    void placeByWords();
+
+    // Help and the sibling tools
+    QString helpTopic() const;
+    /// Address of the support page in the current language, "" if there is none.
+    QString GetViewSupport() const;
+    /// Address of the enquiry form, likewise.
+    QString GetGenerateTicket() const;
+    void addHelpMenu(QMenuBar *bar);
+    void CreateMoreToolsMenu();
+    void retranslateMoreTools();
+    void launch(const QString &bundle);
+    void KillApplication();
     void setTitleLabels();
 
     // File list
@@ -169,7 +232,12 @@ private:
     void setListWidths(int size, int date);
     void takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon);
     void fillRow(QTreeWidgetItem *item, const QString &path, bool withIcon);
-    void setUpList(const QRect &geometry, const QStringList &headers);
+    /// The words above the columns of the file list that are seen.
+    struct ListHeads
+    {
+        QString name, path, size, modified, created;
+    };
+    void setUpList(const QRect &geometry, ListHeads (*heads)());
     void takeHandedOver();
     void showFilledList();
     void showListState();
@@ -214,7 +282,8 @@ private:
 
     // Results
     void showButtonsByStatus();
-    void makeAdvanceButton(QPushButton *button, const QString &text);
+    /// `text` in the language of the source.
+    void makeAdvanceButton(QPushButton *button, const char *text);
     /// The button of a source row; null for other rows and for one that has never needed a button.
     CustomButton *buttonOf(const QTreeWidgetItem *row) const;
     void countChecks();
@@ -253,6 +322,8 @@ private:
     QPointer<AdvancedRepairDlg> pAdvancedDlg;
     QMenuBar *pMenuBar = nullptr;
     QMenuBar *pMenuBar2 = nullptr;
+    QPushButton *pMoreToolsBtn = nullptr;
+    std::map<const QObject *, std::function<void()>> m_words;
     FramelessMove m_move;
 
     QStringList lstPendingPaths;

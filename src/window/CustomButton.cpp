@@ -10,7 +10,19 @@ CustomButton::CustomButton(quint32 id, QWidget *parent) : QPushButton(parent), n
 
 void CustomButton::setVisible(bool visible)
 {
-    QPushButton::setVisible(visible && !text().isEmpty());
+    m_wanted = visible;
+    settleVisible();
+}
+
+void CustomButton::setInView(bool inView)
+{
+    m_inView = inView;
+    settleVisible();
+}
+
+void CustomButton::settleVisible()
+{
+    QPushButton::setVisible(m_wanted && m_inView && !text().isEmpty());
 }
 
 void CustomButton::mousePressEvent(QMouseEvent *event)

@@ -11,8 +11,10 @@ public:
     explicit CustomButton(quint32 id, QWidget *parent = nullptr);
     quint32 nId = 0;
 
-    /// A button without words is never shown: the tree shows every cell widget that it lays out.
+    /// What show() and hide() ask for holds while the row is in view and the button has words.
     void setVisible(bool visible) override;
+    /// Said by the tree; buttons out of its view aren't shown.
+    void setInView(bool inView);
 
 signals:
     /// Pressed by the mouse, or clicked by the keyboard or an assistive tool.
@@ -24,5 +26,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void settleVisible();
+
+    bool m_wanted = true;
+    bool m_inView = false;
     bool m_announced = false; ///< the click that follows belongs to a press that was announced
 };

@@ -5,6 +5,7 @@
 #include "dialogs/MessageBox.h"
 #include "window/BrowseRepair.h"
 #include "window/DrgDrp.h"
+#include "window/KindIcon.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QCoreApplication>
@@ -31,13 +32,6 @@ const QStringList &dropSuffixes()
 {
     static const QStringList suffixes{"jpg", "jpeg", "JPG", "JPEG"};
     return suffixes;
-}
-
-QIcon iconFor(const QString &suffix)
-{
-    const QString upper = suffix.toUpper();
-    const char *kind = upper == "JPG" || upper == "JPEG" ? "jpeg" : upper == "HEIC" || upper == "HEIF" ? "heic" : "raw";
-    return QIcon(QStringLiteral(":/res/file-%1.png").arg(QString::fromLatin1(kind)));
 }
 
 QString dateText(const QDateTime &date)
@@ -83,11 +77,13 @@ void BrowseRepair::ComeToFront(const QStringList &paths)
     raise();
     activateWindow();
     m_handedOver += paths;
-    if (ui->frame->isVisible() && !m_takingFiles) takeHandedOver();
+    if (ui->frame->isVisible()) takeHandedOver();
 }
 
 void BrowseRepair::takeHandedOver()
 {
+    // The list is being filled: who fills it takes them afterwards.
+    if (m_takingFiles) return;
     const QStringList paths = m_handedOver;
     m_handedOver.clear();
     AddNamedFiles(paths);
@@ -102,10 +98,10 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
     pDropButton->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
     if (!bListSetUp) {
-        setUpList(QRect(25, 240, 800, 250),
-                  {tr("  File Name"), tr("  Path"), tr(" Size (KB)"), QStringLiteral("FileID"),
-                   QStringLiteral("ParentID"), QStringLiteral("Status"), QStringLiteral("TemporaryPath"),
-                   tr(" Modified Date"), tr(" Created Date")});
+        setUpList(QRect(25, 240, 800, 250), [] {
+            return ListHeads{tr("  File Name"), tr("  Path"), tr(" Size (KB)"), tr(" Modified Date"),
+                             tr(" Created Date")};
+        });
         pFileList->setFont(look::font(QStringLiteral("Lucida Grande"), 12));
         setListWidths(90, 165);
     }
@@ -115,6 +111,7 @@ void BrowseRepair::AddNamedFiles(const QStringList &paths)
     ui->Add_FilesmainString->hide();
     showListState();
     pApp->bFileListActive = true;
+    takeHandedOver();
 }
 
 void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
@@ -127,10 +124,9 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     pDropButton->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
     if (!bListSetUp) {
-        setUpList(QRect(24, 226, 692, 270),
-                  {tr("   File Name"), tr(" Path"), tr(" Size(KB)"), QStringLiteral("FileID"),
-                   QStringLiteral("ParentID"), QStringLiteral("Status"), QStringLiteral("TemporaryPath"),
-                   tr("Modified date"), tr("Created date")});
+        setUpList(QRect(24, 226, 692, 270), [] {
+            return ListHeads{tr("   File Name"), tr(" Path"), tr(" Size(KB)"), tr("Modified date"), tr("Created date")};
+        });
         pFileList->setSortingEnabled(true);
         pFileList->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 13));
         setListWidths(100, 150);
@@ -140,16 +136,23 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     ui->AddFilesBtn->setEnabled(true);
     showListState();
     pApp->bFileListActive = true;
+    takeHandedOver();
 }
 
-void BrowseRepair::setUpList(const QRect &geometry, const QStringList &headers)
+void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)())
 {
     bListSetUp = true;
     pFileList->pDropArea->hide();
     pFileList->setFocusPolicy(Qt::StrongFocus);
     pFileList->setHeaderHidden(false);
     pFileList->setColumnCount(ListColumns);
-    pFileList->setHeaderLabels(headers);
+    say(pFileList, [this, heads] {
+        const ListHeads words = heads();
+        pFileList->setHeaderLabels({words.name, words.path, words.size, QStringLiteral("FileID"),
+                                    QStringLiteral("ParentID"), QStringLiteral("Status"),
+                                    QStringLiteral("TemporaryPath"), words.modified, words.created});
+        widenForHeaders(pFileList);
+    });
     pFileList->setGeometry(geometry);
     pFileList->setFrameStyle(int(QFrame::Panel) | int(QFrame::Sunken));
     pFileList->setAutoFillBackground(true);
@@ -231,7 +234,7 @@ void BrowseRepair::fillRow(QTreeWidgetItem *item, const QString &path, bool with
     if (file.isDir()) return; // the row stays without content
     item->setText(Name, file.fileName());
     item->setCheckState(Name, Qt::Checked);
-    if (withIcon) item->setIcon(Name, iconFor(file.suffix()));
+    if (withIcon) item->setIcon(Name, kindIcon(file.suffix()));
     item->setText(Path, path);
     item->setToolTip(Name, path);
     item->setToolTip(Path, path);

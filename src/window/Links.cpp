@@ -1,12 +1,92 @@
-// Help and updates, as far as this program has them.
+// Help, the addresses of the link file, and updates.
+#include "app/KesmiraApp.h"
+#include "desktop/Languages.h"
+#include "desktop/LinkFile.h"
+#include "desktop/platform/Platform.h"
+#include "dialogs/AboutDlg.h"
 #include "dialogs/MessageBox.h"
 #include "window/BrowseRepair.h"
+#include "window/MyTreeWidget.h"
+
+#include <QFileInfo>
+
+namespace {
+
+/// One that isn't there opens nothing, and nobody is told: the program is used without a deployment's addresses too.
+void openAddress(const QString &address)
+{
+    if (!address.isEmpty()) platform().openAddress(QUrl(address));
+}
+
+/// Help is written in five languages; the others, and none, have no page.
+void openHelpPage(const QString &topic)
+{
+    static const QStringList written{"DE", "FR", "IT", "ES", "EN"};
+    const Language *language = currentLanguage();
+    if (!language || !written.contains(language->folder)) return;
+    const QString page = pApp->strResourcesPath + "/HelpPhoto_" + language->folder + '/' + topic + ".htm";
+    if (QFileInfo(page).isFile()) platform().openAddress(QUrl::fromLocalFile(page));
+}
+
+} // namespace
+
+QString BrowseRepair::helpTopic() const
+{
+    if (pApp->bFirstScreen) return QStringLiteral("Add_JPEG_files");
+    if (pApp->bSampleRunState) return QStringLiteral("Repair_JPEG_files");
+    if (workerRuns()) return QStringLiteral("User_Interface");
+    if (pApp->bRepairScreen) {
+        const QTreeWidgetItem *row = pResultTree->currentItem();
+        const bool thumbnail = row && row->text(column::Name).contains(QLatin1String("_[T"));
+        return thumbnail ? QStringLiteral("Extract_Thumbnail") : QStringLiteral("Preview_and_Save_JPEG_Files");
+    }
+    return pApp->bFileListActive ? QStringLiteral("Repair_JPEG_files") : QStringLiteral("Halveon_Repair_for_Photo");
+}
 
 void BrowseRepair::OnHelp()
 {
-    pMessageBox->setPicture(QStringLiteral(":/res/info.png"));
-    pMessageBox->setText(tr("The help pages are not installed."));
-    pMessageBox->exec();
+    openHelpPage(helpTopic());
+}
+
+void BrowseRepair::onHelpBtnClick()
+{
+    openHelpPage(QStringLiteral("Overview"));
+}
+
+QString BrowseRepair::GetViewSupport() const
+{
+    return linkFile::languageText(QStringLiteral("SupportLink"));
+}
+
+QString BrowseRepair::GetGenerateTicket() const
+{
+    return linkFile::languageText(QStringLiteral("SubmitEnquiryLink"));
+}
+
+void BrowseRepair::onViewSupport()
+{
+    openAddress(GetViewSupport());
+}
+
+void BrowseRepair::onGenerateTicket()
+{
+    openAddress(GetGenerateTicket());
+}
+
+void BrowseRepair::onViewKB()
+{
+    openAddress(pApp->strKBLink);
+}
+
+void BrowseRepair::onMailVorlaneSupport()
+{
+    const QString address = linkFile::languageText(QStringLiteral("EmailToSupport"));
+    if (!address.isEmpty()) openAddress("mailto:" + address);
+}
+
+void BrowseRepair::onAbout()
+{
+    AboutDlg(this).exec();
 }
 
 void BrowseRepair::onUpdateWizard()

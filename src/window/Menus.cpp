@@ -1,5 +1,6 @@
 // The keyboard's way to the buttons, and the menu bars of the international build.
 #include "app/KesmiraApp.h"
+#include "desktop/LinkFile.h"
 #include "window/BrowseRepair.h"
 #include "window/DrgDrp.h"
 #include "window/ui_BrowseRepairObj.h"
@@ -50,12 +51,7 @@ void BrowseRepair::CreateMenuBar()
 {
     pMenuBar = new QMenuBar(ui->frame);
     pMenuBar->setObjectName(QStringLiteral("pMenuBar"));
-    pMenuBar->setNativeMenuBar(false);
-    QMenu *file = pMenuBar->addMenu(tr("&File"));
-    for (const char *name : {"actionAdd", "actionRepair", "actionExit"})
-        file->addAction(findChild<QAction *>(QString::fromLatin1(name)));
-    retranslateMenus();
-    pMenuBar->setGeometry(kMenuPlace);
+    fillMenuBar(pMenuBar, {"actionAdd", "actionRepair", "actionExit"}, 0);
 }
 
 void BrowseRepair::CreateMenuBar2()
@@ -63,19 +59,74 @@ void BrowseRepair::CreateMenuBar2()
     if (pMenuBar2) return;
     pMenuBar2 = new QMenuBar(ui->frame2);
     pMenuBar2->setObjectName(QStringLiteral("pMenuBar2"));
-    pMenuBar2->setNativeMenuBar(false);
-    QMenu *file = pMenuBar2->addMenu(tr("&File"));
-    for (const char *name : {"actionStop", "actionSave", "actionBack", "actionExit"})
-        file->addAction(findChild<QAction *>(QString::fromLatin1(name)));
-    retranslateMenus();
-    pMenuBar2->setGeometry(kMenuPlace);
+    fillMenuBar(pMenuBar2, {"actionStop", "actionSave", "actionBack", "actionExit"}, 1);
     pMenuBar2->show();
 }
 
+void BrowseRepair::fillMenuBar(QMenuBar *bar, std::initializer_list<const char *> fileActions, int number)
+{
+    bar->setNativeMenuBar(false);
+    QMenu *file = bar->addMenu(QString());
+    file->setObjectName(QStringLiteral("fileMenu"));
+    for (const char *name : fileActions) file->addAction(findChild<QAction *>(QString::fromLatin1(name)));
+    addLanguageMenu(bar, number);
+    addHelpMenu(bar);
+    retranslateMenus();
+    bar->setGeometry(kMenuPlace);
+}
+
+void BrowseRepair::addHelpMenu(QMenuBar *bar)
+{
+    QMenu *menu = bar->addMenu(QString());
+    menu->setObjectName(QStringLiteral("helpMenu"));
+    menu->addAction(findChild<QAction *>(QStringLiteral("actionHelp")));
+    const auto add = [this, menu](const char *name, void (BrowseRepair::*slot)()) {
+        menu->addAction(QString(), this, slot)->setObjectName(QString::fromLatin1(name));
+    };
+    add("overview", &BrowseRepair::onHelpBtnClick);
+    menu->addSeparator();
+    add("support", &BrowseRepair::onViewSupport);
+    add("mail", &BrowseRepair::onMailVorlaneSupport);
+    add("enquiry", &BrowseRepair::onGenerateTicket);
+    add("knowledge", &BrowseRepair::onViewKB);
+    menu->addSeparator();
+    add("updates", &BrowseRepair::onUpdateWizard);
+    add("about", &BrowseRepair::onAbout);
+}
+
+namespace {
+
+/// A label of the link file as a menu shows it; `fallback` where the file has none.
+QString label(const QString &key, const QString &plain, const QString &fallback)
+{
+    QString text = linkFile::languageText(key);
+    if (text.isEmpty()) text = plain;
+    return text.isEmpty() ? fallback : text.left(60).replace('&', QStringLiteral("&&")); // no mnemonics of its own
+}
+
+} // namespace
+
 void BrowseRepair::retranslateMenus()
 {
-    for (QMenuBar *bar : {pMenuBar, pMenuBar2})
-        if (bar) bar->actions().first()->menu()->setTitle(tr("&File"));
+    for (const QMenuBar *bar : {pMenuBar, pMenuBar2}) {
+        if (!bar) continue;
+        const auto menu = [bar](const char *name) { return bar->findChild<QMenu *>(QString::fromLatin1(name)); };
+        menu("fileMenu")->setTitle(tr("&File"));
+        menu("languageMenu")->setTitle(tr("&Language"));
+        QMenu *help = menu("helpMenu");
+        help->setTitle(tr("&Help", "menu"));
+        const auto name = [help](const char *action, const QString &text) {
+            help->findChild<QAction *>(QString::fromLatin1(action))->setText(text);
+        };
+        name("overview", tr("&Overview"));
+        name("support", label(QStringLiteral("SupportName"), pApp->strSupportName, tr("Support")));
+        name("mail", tr("&Mail to support"));
+        name("enquiry",
+             label(QStringLiteral("SubmitEnquiryName"), pApp->strSubmitEnquiryName, tr("Submit an enquiry")));
+        name("knowledge", label(QStringLiteral("KBName"), pApp->strKBName, tr("Knowledge base")));
+        name("updates", tr("Check for &updates..."));
+        name("about", tr("&About Kesmira"));
+    }
     const auto name = [this](const char *action, const QString &text) {
         findChild<QAction *>(QString::fromLatin1(action))->setText(text);
     };

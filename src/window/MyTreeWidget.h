@@ -1,7 +1,10 @@
-// The tree of results: the space key does nothing in it, and it has no context menu.
+// The tree of results: the space key does nothing in it, it has no context menu, and its rows can hold a button.
 #pragma once
 
+#include <QHash>
 #include <QTreeWidget>
+
+class CustomButton;
 
 class MyTreeWidget : public QTreeWidget
 {
@@ -9,6 +12,14 @@ class MyTreeWidget : public QTreeWidget
 
 public:
     using QTreeWidget::QTreeWidget;
+
+    /// Puts a button into a cell of the top-level `row`; the tree owns it, to its next clear(). Only the buttons of rows in
+    /// view are laid out: the toolkit's own cell widgets cost each layout a look at each of them, in thousands of rows.
+    void setRowButton(QTreeWidgetItem *row, int column, CustomButton *button);
+    /// Null if the row has none.
+    CustomButton *rowButton(const QTreeWidgetItem *row) const { return m_buttons.value(row); }
+
+    void reset() override;
 
 signals:
     /// The keyboard has made another row the current one.
@@ -19,4 +30,14 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void updateEditorGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    void placeButtons();
+
+    QHash<const QTreeWidgetItem *, CustomButton *> m_buttons;
+    QList<CustomButton *> m_inView;
+    int m_buttonColumn = 0;
+    bool m_placing = false; ///< is asked for, to be done at the next turn of the event loop
 };

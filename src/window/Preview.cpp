@@ -86,7 +86,8 @@ void BrowseRepair::OnPreviewHEICFile(const QString &path)
         return;
     }
     if (kind == PreviewKind::Helper) {
-        // One preview at a time: the last click wins.
+        // One preview at a time: the last click wins. A helper that is just being started is one to end, too.
+        m_previewThread.wait();
         GetQuickLookProcessID();
         for (const unsigned int pid : qAsConst(lstHelperPids)) platform().endPreviewHelper(pid);
     }

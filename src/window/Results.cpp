@@ -48,12 +48,14 @@ void BrowseRepair::OnCompletionMsgBox()
     setLanguageFlags(storedLanguage());
     ui->Preview_Label->setPixmap(look::picture(placeholderPicture(), devicePixelRatioF()));
 
-    ui->label_5->setText(
-        tr("Click on the 'Save Repaired Files' to save all your repaired photos. Click the file to preview it. "));
+    say(ui->label_5, [this] {
+        ui->label_5->setText(
+            tr("Click on the 'Save Repaired Files' to save all your repaired photos. Click the file to preview it. "));
+    });
     m_repairThread.quit();
-    ui->label->setText(tr("Kesmira"));
+    say(ui->label, [this] { ui->label->setText(tr("Kesmira")); });
     ui->label->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 14));
-    ui->label_3->setText(tr("Repair process completed."));
+    say(ui->label_3, [this] { ui->label_3->setText(tr("Repair process completed.")); });
     m_repairThread.quit();
     // Whoever has stopped the run knows that it is over.
     const quint64 run = m_run;
@@ -96,12 +98,13 @@ void BrowseRepair::showButtonsByStatus()
         const QTreeWidgetItem *row = pResultTree->topLevelItem(i);
         CustomButton *button = buttonOf(row);
         if (hasStatus(row, {status::Invalid, status::StoppedSample, status::Queued})) {
-            makeAdvanceButton(makeButton(i), tr("Advance Repair"));
+            makeAdvanceButton(makeButton(i), QT_TR_NOOP("Advance Repair"));
         } else if (button && hasStatus(row, {status::Sample, status::Output, status::Repaired})) {
             button->hide();
             button->setEnabled(false);
         } else if (hasStatus(row, {status::Stopped})) {
             button = makeButton(i);
+            button->setProperty(kWords, QT_TR_NOOP("Aborted"));
             button->setText(tr("Aborted"));
             button->setStyleSheet(QStringLiteral("text-align: left;"));
             button->show();

@@ -5,9 +5,11 @@
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
+#include "window/KindIcon.h"
 #include "window/MyTreeWidget.h"
 #include "window/ui_BrowseRepairObj.h"
 
+#include <QFileInfo>
 #include <QPixmap>
 
 QString BrowseRepair::typeText(const QString &type)
@@ -48,11 +50,15 @@ void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output
     auto *row = new QTreeWidgetItem;
     row->setCheckState(column::Name, Qt::Unchecked);
     row->setText(column::Name, output.name);
+    row->setData(column::Type, Qt::UserRole, output.type);
     row->setText(column::Type, typeText(output.type));
     if (leftAligned) row->setTextAlignment(column::Type, Qt::AlignLeft | Qt::AlignVCenter);
     if (withResolution) row->setText(column::Resolution, output.resolution);
     row->setText(column::Status, output.statusCode);
-    if (!output.icon.isNull()) row->setIcon(column::Name, QIcon(QPixmap::fromImage(output.icon)));
+    // The judge, which makes the small pictures, decodes no HEIC.
+    row->setIcon(column::Name,
+                 output.icon.isNull() ? kindIcon(QFileInfo(output.name).suffix())
+                                      : QIcon(QPixmap::fromImage(output.icon)));
     source->addChild(row);
     emit ExpandThumb(source);
     curFileInfo.strName = output.name;
@@ -163,13 +169,14 @@ void BrowseRepair::OnshowCustomButton(unsigned int index)
 void BrowseRepair::OnsetCustomButton(unsigned int number)
 {
     if (number == 0 || number > unsigned(lstRowButtons.size())) return;
-    makeAdvanceButton(makeButton(int(number) - 1), tr("Advance repair"));
+    makeAdvanceButton(makeButton(int(number) - 1), QT_TR_NOOP("Advance repair"));
 }
 
-void BrowseRepair::makeAdvanceButton(QPushButton *button, const QString &text)
+void BrowseRepair::makeAdvanceButton(QPushButton *button, const char *text)
 {
     const QString style = QStringLiteral("text-align: left; padding: 1 5px ;background:transparent");
-    button->setText(text);
+    button->setProperty(kWords, text);
+    button->setText(tr(text));
     if (button->styleSheet() != style) {
         QFont font = look::font(QStringLiteral("Helvetica neue Medium"), 12);
         font.setUnderline(true);

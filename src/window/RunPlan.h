@@ -38,6 +38,9 @@ struct RepairedFileInfo
     QString strType;
 };
 
+/// Property of a row's button: its words in the language of the source.
+constexpr char kWords[] = "words";
+
 /// Columns of the results tree.
 namespace column {
 constexpr int Name = 0;

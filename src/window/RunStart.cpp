@@ -14,9 +14,11 @@ void BrowseRepair::OnSaveWindow()
     nNextButtonId = 10000;
     pApp->bRepairScreen = true;
     if (!pApp->bChineseBuild) CreateMenuBar2();
-    ui->label_3->setText(tr("Repairing Selected photos"));
-    ui->label_5->setText(tr("This may take a while, depending on the number of photos and their file size. Please wait "
-                            "while the process is completed."));
+    say(ui->label_3, [this] { ui->label_3->setText(tr("Repairing Selected photos")); });
+    say(ui->label_5, [this] {
+        ui->label_5->setText(tr("This may take a while, depending on the number of photos and their file size. Please "
+                                "wait while the process is completed."));
+    });
     ui->UpdateBtn->setEnabled(false);
     ui->UpdateBtn_2->setEnabled(false);
     pApp->bResultsPage = true;
@@ -42,7 +44,10 @@ void BrowseRepair::setUpResultTree()
     pResultTree->clear();
     lstRowButtons.clear();
     pResultTree->setColumnCount(7);
-    pResultTree->setHeaderLabels({tr(" File Name"), tr(" Type"), QString(), tr(" Resolution"), QString()});
+    say(pResultTree, [this] {
+        pResultTree->setHeaderLabels({tr(" File Name"), tr(" Type"), QString(), tr(" Resolution"), QString()});
+        widenForHeaders(pResultTree);
+    });
     pResultTree->setGeometry(22, 180, 400, 290);
     pResultTree->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 13));
     pResultTree->setAlternatingRowColors(true);
@@ -96,7 +101,7 @@ CustomButton *BrowseRepair::makeButton(int index)
     entry.pButton->setCursor(Qt::PointingHandCursor);
     entry.pButton->setAccessibleName(tr("Advance repair") + ' ' + entry.strName);
     entry.pButton->setToolTip(sourceRow(index)->toolTip(column::Name));
-    pResultTree->setItemWidget(sourceRow(index), column::Type, entry.pButton);
+    pResultTree->setRowButton(sourceRow(index), column::Type, entry.pButton);
     connect(entry.pButton, &CustomButton::MousePressed, this, &BrowseRepair::OnClickAddReference);
     return entry.pButton;
 }
@@ -109,7 +114,7 @@ void BrowseRepair::RepairFilesProcess()
     ui->UpdateBtn_2->show();
     ui->HelpBtn->setVisible(!pApp->bChineseBuild);
     ui->label->setFont(look::font(QStringLiteral("Helvetica neue"), 13));
-    ui->label->setText(tr("Repairing selected photos"));
+    say(ui->label, [this] { ui->label->setText(tr("Repairing selected photos")); });
     RunPlan plan;
     for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
         const QTreeWidgetItem *row = pResultTree->topLevelItem(i);

@@ -108,7 +108,7 @@ void BrowseRepair::showSampleRunStart(int total)
 
 void BrowseRepair::showSampleFile(const QString &name)
 {
-    ui->label_5->setText(tr("Repairing File : ") + name);
+    say(ui->label_5, [this, name] { ui->label_5->setText(tr("Repairing File : ") + name); });
 }
 
 void BrowseRepair::showSampleOutput(const QString &fileName, const OutputRows &rows, bool stopped)

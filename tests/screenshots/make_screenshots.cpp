@@ -27,7 +27,6 @@ const QStringList helpPictures{"empty",
                                "results-failed",
                                "dialog-sample",
                                "dialog-saved",
-                               "dialog-advanced",
                                "dialog-file-exists",
                                "dialog-folder-exists"};
 

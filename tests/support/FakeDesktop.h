@@ -48,6 +48,8 @@ public:
     QStringList calls; ///< "show PATH", "open ADDRESS", "preview FILE", "end PID", "start PATH"
     PreviewKind kind = PreviewKind::None;
     QString refusal;
+    QStringList there;           ///< applications that can be started
+    QList<unsigned int> helpers; ///< process ids
     SystemDescription description;
 
     QString systemVersion() override { return "12.0"; }
@@ -56,9 +58,10 @@ public:
     bool openAddress(const QUrl &address) override { return note("open " + address.toString()); }
     QString defaultBrowser() override { return {}; }
     PreviewKind previewKind() override { return kind; }
-    QList<unsigned int> previewHelpers(const QString &) override { return {}; }
+    QList<unsigned int> previewHelpers(const QString &) override { return helpers; }
     bool startPreviewHelper(const QString &, const QString &file) override { return note("preview " + file); }
     void endPreviewHelper(unsigned int pid) override { note("end " + QString::number(pid)); }
+    bool isApplicationThere(const QString &path) override { return there.contains(path); }
     bool startApplication(const QString &path) override { return note("start " + path); }
     QString userSettingsFile(const QString &shipped) override { return shipped; }
     QString destinationRefusal(const QString &) override { return refusal; }

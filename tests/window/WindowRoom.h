@@ -8,6 +8,7 @@
 #include "support/Files.h"
 #include "support/RunFolder.h"
 #include "window/BrowseRepair.h"
+#include "window/CustomButton.h"
 #include "window/DrgDrp.h"
 #include "window/MyTreeWidget.h"
 
@@ -173,10 +174,7 @@ public:
             if ((*it)->text(column::Name) == name && bool((*it)->parent()) == output) return *it;
         return nullptr;
     }
-    QAbstractButton *rowButton(const QString &name) const
-    {
-        return qobject_cast<QAbstractButton *>(tree()->itemWidget(row(name), column::Type));
-    }
+    QAbstractButton *rowButton(const QString &name) const { return tree()->rowButton(row(name)); }
     void clickRow(QTreeWidgetItem *item) const
     {
         tree()->scrollToItem(item);

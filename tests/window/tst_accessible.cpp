@@ -188,13 +188,13 @@ void TestAccessible::tabGoesThroughThePage_data()
         State state;
         const char *order;
     } pages[] = {
-        {"empty list", State::Empty, "pDropButton UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2"},
+        {"empty list", State::Empty, "pDropButton UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
         {"list", State::Listed,
-         "pFileList checkBox1 AddFilesBtn StartRepairFilesBtn UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2"},
-        {"run", State::Running, "StopRepairProcessBtn_2 HelpBtn_1 MiniMaBtn closeBtn"},
+         "pFileList checkBox1 AddFilesBtn StartRepairFilesBtn UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
+        {"run", State::Running, "StopRepairProcessBtn_2 HelpBtn_1 MiniMaBtn closeBtn pMoreToolsBtn"},
         {"results", State::Done,
          "pResultTree checkBox1_2 checkBox3 SaveRepairBtn_2 BackBtn_2 UpdateBtn_2 HelpBtn_1 MiniMaBtn closeBtn "
-         "rowButton"},
+         "rowButton pMoreToolsBtn"},
     };
     for (const auto &page : pages) {
         QTest::addRow("%s", page.name) << page.state << false << QString(page.order);

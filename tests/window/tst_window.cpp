@@ -64,6 +64,7 @@ private slots:
     void sampleForOne();
     void sampleForAll();
     void sampleThatIsNone();
+    void buttonsFollowTheView();
     void stopKeepsWhatWasMade();
     void backAndAgain();
     void closeAsksOnce();
@@ -388,6 +389,26 @@ void TestWindow::sampleThatIsNone()
     QCOMPARE(room.rows(), QStringList("b.jpg||7||")); // open to another try
     QVERIFY(room.rowButton("b.jpg")->isVisible() && room.rowButton("b.jpg")->isEnabled());
     QCOMPARE(room.complaint(), QString());
+}
+
+void TestWindow::buttonsFollowTheView()
+{
+    WindowRoom room;
+    QStringList paths;
+    for (int i = 0; i < 60; ++i) paths << room.source(QString("b%1.jpg").arg(i), photos::scanOnly());
+    room.add(paths);
+    QVERIFY(room.repair());
+    const auto isShown = [&room](const char *row) { return room.rowButton(row)->isVisible(); };
+    QVERIFY(isShown("b0.jpg") && !isShown("b59.jpg"));
+    room.tree()->scrollToBottom();
+    QVERIFY(!isShown("b0.jpg") && isShown("b59.jpg"));
+    const QRect cell = room.tree()->visualItemRect(room.row("b59.jpg"));
+    QCOMPARE(room.rowButton("b59.jpg")->y(), cell.y());
+    // One that was hidden stays hidden, whatever the tree does.
+    room.rowButton("b0.jpg")->hide();
+    room.tree()->scrollToTop();
+    room.tree()->doItemsLayout();
+    QVERIFY(!isShown("b0.jpg") && isShown("b1.jpg"));
 }
 
 void TestWindow::stopKeepsWhatWasMade()

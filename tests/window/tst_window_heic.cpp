@@ -29,6 +29,11 @@ void TestWindowHeic::runPreviewAndSave()
     const QString result = room.result("HEIC_Repaired/a b.heic");
     QTRY_COMPARE(room.platform.calls, QStringList("preview " + result));
     QVERIFY(room.find<QLabel>("Preview_Label")->isVisible());
+    room.platform.calls.clear();
+    room.platform.helpers = {71, 72};
+    room.clickRow(room.row("c.heic", true));
+    QTRY_COMPARE(room.platform.calls,
+                 (QStringList{"end 71", "end 72", "preview " + room.result("HEIC_Repaired/c.heic")}));
 
     room.chooser.answers.push_back({room.destination()});
     room.script.expect("SavingFinishDlg", "OkBtn");
@@ -58,7 +63,9 @@ void TestWindowHeic::sampleForOne()
     WindowRoom room;
     const MadeHeic sample = makeHeic({.tiles = tiles, .entryCount = entryCount});
     const MadeHeic lost = makeHeic({.tiles = tiles, .entryCount = entryCount, .seed = 2});
-    room.add({room.source("a.HEIC", lost.stream), room.source("b.HEIC", lost.stream)});
+    // Everything in front of the tiles is destroyed, but stands there: a file of the stream alone is refused.
+    const QByteArray damaged = QByteArray(300, 0) + lost.stream;
+    room.add({room.source("a.HEIC", damaged), room.source("b.HEIC", damaged)});
     QVERIFY(room.repair());
     QCOMPARE(room.rows(), (QStringList{"a.HEIC||2||", "b.HEIC||2||"}));
 

@@ -55,6 +55,8 @@ public:
         Q_UNUSED(file)
     }
 
+    /// True if there is an application at this bundle's path.
+    virtual bool isApplicationThere(const QString &bundlePath) = 0;
     /// Starts another application, given by its bundle's path.
     virtual bool startApplication(const QString &bundlePath) = 0;
 

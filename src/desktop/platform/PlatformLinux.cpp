@@ -180,6 +180,11 @@ void PlatformLinux::endPreviewHelper(unsigned int pid)
     ::kill(pid_t(pid), SIGKILL);
 }
 
+bool PlatformLinux::isApplicationThere(const QString &bundlePath)
+{
+    return !programOf(bundlePath).isEmpty();
+}
+
 bool PlatformLinux::startApplication(const QString &bundlePath)
 {
     const QString program = programOf(bundlePath);

@@ -22,6 +22,7 @@ public:
     bool startPreviewHelper(const QString &helperPath, const QString &file) override;
     /// Ends a process that `previewHelpers` listed, if it still is that helper.
     void endPreviewHelper(unsigned int pid) override;
+    bool isApplicationThere(const QString &bundlePath) override;
     bool startApplication(const QString &bundlePath) override;
     /// The file of the same name in the folder "kesmira" of the user's configuration.
     QString userSettingsFile(const QString &shipped) override;

@@ -92,6 +92,11 @@ void PlatformMac::endPreviewHelper(unsigned int pid)
     run(commandText::endProcess(pid));
 }
 
+bool PlatformMac::isApplicationThere(const QString &bundlePath)
+{
+    return QFileInfo(bundlePath).isDir();
+}
+
 bool PlatformMac::startApplication(const QString &bundlePath)
 {
     return run(commandText::startApplication(bundlePath));

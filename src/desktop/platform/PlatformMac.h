@@ -16,6 +16,7 @@ public:
     QList<unsigned int> previewHelpers(const QString &helperPath) override;
     bool startPreviewHelper(const QString &helperPath, const QString &file) override;
     void endPreviewHelper(unsigned int pid) override;
+    bool isApplicationThere(const QString &bundlePath) override;
     bool startApplication(const QString &bundlePath) override;
     /// The shipped file itself: its system lets an installed bundle be written.
     QString userSettingsFile(const QString &shipped) override;

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Writes the placeholder pictures of the preview, svg/preview*.svg, with their texts as outlines.
+"""Writes the drawings that hold words, with these as outlines: the placeholders of the preview, svg/preview*.svg, and
+the Japanese and Chinese faces of the window's buttons, svg/button-*.svg.
 
-By hand, after a text or the drawing changed: python3 res/tools/outline_previews.py
+By hand, after a text or a drawing changed: python3 res/tools/outline_texts.py
 Needs python3-fonttools, fonts-noto-core and fonts-noto-cjk; the build needs none of them.
 """
 from pathlib import Path
@@ -56,23 +57,57 @@ def open_font(font):
     raise SystemExit(f"no face {family} in {path}")
 
 
-def outline(font, text):
-    """Path data of `text`, centred; y grows downwards."""
+def outline(font, text, size, x, baseline):
+    """Path data of `text` from `x` on, and its width; y grows downwards."""
     face = open_font(font)
-    glyphs, names, scale = face.getGlyphSet(), face.getBestCmap(), SIZE / face["head"].unitsPerEm
-    width = sum(glyphs[names[ord(letter)]].width for letter in text) * scale
-    assert width <= WIDTH - 28, f"too wide: {text}"
-    x, pen = (WIDTH - width) / 2, SVGPathPen(glyphs, ntos=lambda number: f"{number:.2f}".rstrip("0").rstrip("."))
+    glyphs, names, scale = face.getGlyphSet(), face.getBestCmap(), size / face["head"].unitsPerEm
+    pen = SVGPathPen(glyphs, ntos=lambda number: f"{number:.2f}".rstrip("0").rstrip("."))
+    start = x
     for letter in text:
         glyph = glyphs[names[ord(letter)]]
-        glyph.draw(TransformPen(pen, (scale, 0, 0, -scale, x, BASELINE)))
+        glyph.draw(TransformPen(pen, (scale, 0, 0, -scale, x, baseline)))
         x += glyph.width * scale
-    return pen.getCommands()
+    return pen.getCommands(), x - start
+
+
+def centred(font, text):
+    width = outline(font, text, SIZE, 0, BASELINE)[1]
+    assert width <= WIDTH - 28, f"too wide: {text}"
+    return outline(font, text, SIZE, (WIDTH - width) / 2, BASELINE)[0]
+
+
+# picture: words by language, the drawing in front of them, colour, colour where the button is disabled
+BUTTONS = {
+    "Add-file": ({"JA": "追加", "CN": "添加"}, "add", "#23324a", "#7a8797"),
+    "Repair": ({"JA": "修復", "CN": "修复"}, None, "#ffffff", "#5a6a7e"),
+    "Stop": ({"JA": "停止", "CN": "停止"}, "stop", "#23324a", "#7a8797"),
+    "Save-files": ({"JA": "修復した写真を保存", "CN": "保存已修复的照片"}, None, "#ffffff", "#5a6a7e"),
+}
+
+
+def button_faces(folder):
+    """Prints the lines for CMakeLists.txt, since their widths follow from the words."""
+    for name, (words, icon, colour, pale) in BUTTONS.items():
+        for language, text in words.items():
+            font = JAPANESE if language == "JA" else CHINESE
+            left, inner = 0, ""
+            if icon:
+                left = 25
+                inner = "".join((folder / f"{icon}.svg").read_text(encoding="utf-8").splitlines(keepends=True)[1:-1])
+            path, width = outline(font, text, 14, left, 15)
+            width = round(left + width + 1)
+            for suffix, fill in (("", colour), ("-disabled", pale)):
+                drawing = (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} 20">\n<title>{text}</title>\n'
+                           f'{inner}<path fill="{fill}" d="{path}"/>\n</svg>\n')
+                (folder / f"button-{name}{language}{suffix}.svg").write_text(drawing, encoding="utf-8")
+                print(f'kesmira_picture(button-{name}{language}{suffix} '
+                      f'"{name.replace("-", " ")}{language}{suffix}" {width} 20)')
 
 
 folder = Path(__file__).resolve().parent.parent / "svg"
 for language, (font, click, none) in TEXTS.items():
     for name, mark, text in (("preview1", POINTER, click), ("preview", STROKE, none)):
         drawing = (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}">\n<title>{text}</title>\n'
-                   f'{PHOTO}{SCENE}{mark}<path fill="#3f5068" d="{outline(font, text)}"/>\n</svg>\n')
+                   f'{PHOTO}{SCENE}{mark}<path fill="#3f5068" d="{centred(font, text)}"/>\n</svg>\n')
         (folder / f"{name}{language}.svg").write_text(drawing, encoding="utf-8")
+button_faces(folder)
