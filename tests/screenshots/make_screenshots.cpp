@@ -1,6 +1,9 @@
 // Brings the real window to each state, with the damaged pictures of samples/, and takes a picture of it and of each
-// dialog. Usage: make_screenshots [--all] FOLDER; without --all only the pictures that the project's documents show.
+// dialog. Usage: make_screenshots [--all|--help-pages] FOLDER; without an option only the pictures that the project's
+// documents show, with --help-pages those of the help pages, packed smaller.
 // scripts/screenshots runs it on a screen of its own.
+#include "screenshots/FewColours.h"
+
 #include "desktop/Languages.h"
 #include "desktop/Look.h"
 #include "desktop/Paths.h"
@@ -16,15 +19,29 @@ namespace {
 
 /// The pictures that the project's documents show.
 const QStringList kept{"files", "results", "dialog-sample", "dialog-file-exists"};
+/// The pictures that the help pages show.
+const QStringList helpPictures{"empty",
+                               "files",
+                               "run",
+                               "results",
+                               "results-failed",
+                               "dialog-sample",
+                               "dialog-saved",
+                               "dialog-file-exists",
+                               "dialog-folder-exists"};
 
 class Album
 {
 public:
-    Album(const QString &folder, bool all) : m_folder(folder), m_all(all) {}
+    /// No names: all pictures. Few colours make small files.
+    Album(const QString &folder, const QStringList &names, bool fewColours)
+        : m_folder(folder), m_names(names), m_fewColours(fewColours)
+    {
+    }
 
     void take(QWidget *widget, const QString &name)
     {
-        if (!m_all && !kept.contains(name)) return;
+        if (!m_names.isEmpty() && !m_names.contains(name)) return;
         // For the focus to show; a window that isn't on the screen yet can't get it.
         if (!QTest::qWaitForWindowExposed(widget)) miss(name + " isn't shown");
         widget->activateWindow();
@@ -33,8 +50,8 @@ public:
         QCoreApplication::processEvents(); // layouts that wait for their turn
         const QString path = m_folder.filePath(name + ".png");
         // Without transparency and packed as tightly as the format can: the files are part of the project.
-        if (!widget->grab().toImage().convertToFormat(QImage::Format_RGB888).save(path, "PNG", 0))
-            miss("can't write " + path);
+        const QImage picture = widget->grab().toImage().convertToFormat(QImage::Format_RGB888);
+        if (!(m_fewColours ? withFewColours(picture) : picture).save(path, "PNG", 0)) miss("can't write " + path);
     }
     /// For a line of a script.
     std::function<void(QDialog *)> taking(const QString &name)
@@ -59,7 +76,8 @@ private:
     }
 
     QDir m_folder;
-    bool m_all;
+    QStringList m_names;
+    bool m_fewColours;
     bool m_whole = true;
 };
 
@@ -167,14 +185,15 @@ int main(int argc, char *argv[])
     look::apply(application);
     QStringList arguments = QCoreApplication::arguments().mid(1);
     const bool all = arguments.removeAll("--all") > 0;
-    if (arguments.size() != 1 || !QDir().mkpath(arguments.first())) {
-        QTextStream(stderr) << "Usage: make_screenshots [--all] FOLDER\n";
+    const bool help = arguments.removeAll("--help-pages") > 0;
+    if (arguments.size() != 1 || (all && help) || !QDir().mkpath(arguments.first())) {
+        QTextStream(stderr) << "Usage: make_screenshots [--all|--help-pages] FOLDER\n";
         return 2;
     }
     checkBuiltInTables();
-    Album album(arguments.first(), all);
+    Album album(arguments.first(), all ? QStringList() : help ? helpPictures : kept, help);
     fileList(album);
-    if (all) run(album);
+    if (all || help) run(album);
     results(album);
     return album.whole() ? 0 : 1;
 }
