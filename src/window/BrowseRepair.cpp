@@ -182,7 +182,7 @@ void BrowseRepair::Init()
                             static_cast<QWidget *>(ui->graphicsView)})
         hidden->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
-    pApp->strDefaultBrowser = platform().defaultBrowser();
+    GetDefaultBrowser();
     pApp->ApplicationInfoSettings();
     pApp->GetMySystemInfo();
 }

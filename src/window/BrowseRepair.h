@@ -215,6 +215,8 @@ private:
     void placeByWords();
 
     // Help and the sibling tools
+    /// Leaves the name of the browser for http in `strDefaultBrowser`, "" if it can't be learnt.
+    static void GetDefaultBrowser();
     QString helpTopic() const;
     /// Address of the support page in the current language, "" if there is none.
     QString GetViewSupport() const;

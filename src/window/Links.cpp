@@ -31,6 +31,11 @@ void openHelpPage(const QString &topic)
 
 } // namespace
 
+void BrowseRepair::GetDefaultBrowser()
+{
+    pApp->strDefaultBrowser = platform().defaultBrowser();
+}
+
 QString BrowseRepair::helpTopic() const
 {
     if (pApp->bFirstScreen) return QStringLiteral("Add_JPEG_files");

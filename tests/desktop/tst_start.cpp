@@ -2,7 +2,9 @@
 
 #include "app/KesmiraApp.h"
 #include "desktop/Languages.h"
+#include "desktop/LinkFile.h"
 #include "desktop/Paths.h"
+#include "desktop/platform/PlatformLinux.h"
 #include "support/FakeDesktop.h"
 #include "support/Files.h"
 
@@ -64,6 +66,8 @@ private slots:
     void paths();
     void storedLanguage_data();
     void storedLanguage();
+    void ownSettings();
+    void links();
     void language_data();
     void language();
     void description_data();
@@ -140,6 +144,57 @@ void TestStart::storedLanguage()
     if (!text.isNull()) write(pApp->strLinkPlistPath, text);
     QTEST(::storedLanguage(), "expected");
     QCOMPARE(QFileInfo::exists(pApp->strLinkPlistPath), !text.isNull());
+}
+
+void TestStart::ownSettings()
+{
+    // Of an installed program only the user's own copy of the settings can be written.
+    PlatformLinux linuxSystem;
+    setPlatform(&linuxSystem);
+    const QString shipped = m_folder.filePath("shipped/KMJPGLink.plist");
+    QDir(m_folder.path()).mkdir("shipped");
+    write(shipped, "[General]\nLanguageType=0\nKBName=base\n");
+    QFile::setPermissions(shipped, QFile::ReadOwner);
+    pApp->strLinkPlistPath = shipped;
+    QCOMPARE(::storedLanguage(), 0);
+    storeLanguage(4);
+    QCOMPARE(::storedLanguage(), 4);
+    QCOMPARE(linkFile::text("KBName"), QString("base"));
+    const QString own = linuxSystem.userSettingsFile(shipped);
+    QVERIFY(own.endsWith("/kesmira/KMJPGLink.plist") && QFileInfo::exists(own));
+    // A later release ships a key that the copy lacks.
+    QFile::setPermissions(shipped, QFile::ReadOwner | QFile::WriteOwner);
+    write(shipped, "[General]\nLanguageType=1\nKBName=another\nWebsiteName=new\n");
+    QCOMPARE(::storedLanguage(), 4);
+    QCOMPARE(linkFile::text("WebsiteName"), QString("new"));
+    QVERIFY(QFile::remove(own));
+    setPlatform(nullptr);
+}
+
+void TestStart::links()
+{
+    // Every field has its key in the file that is shipped, and every language has all of its own.
+    pApp->strLinkPlistPath = KESMIRA_SOURCE_DIR "/res/KMJPGLink.plist";
+    pApp->GetPlistLinks();
+    for (const QString *field :
+         {&pApp->strContactSalesLink, &pApp->strContactSalesName, &pApp->strEmailToSupport, &pApp->strSupportName,
+          &pApp->strKBLink, &pApp->strKBName, &pApp->strSkypeID, &pApp->strSkypeLink, &pApp->strSubmitEnquiryLink,
+          &pApp->strSubmitEnquiryName, &pApp->strWebsiteLink, &pApp->strWebsiteName})
+        QVERIFY(!field->isEmpty());
+    QCOMPARE(::storedLanguage(), 0);
+    for (const Language &language : languages()) {
+        setLanguageFlags(language.number);
+        for (const char *base : {"SupportLink", "SupportName", "EmailToSupport", "SubmitEnquiryLink", "UpdateLink",
+                                 "WhatsNewLink", "VisitUpdateLink"}) {
+            const QString text = linkFile::languageText(base);
+            QVERIFY2(!text.isEmpty(), base);
+            QVERIFY2(!text.contains("://") || text.contains(".example.invalid/"), base);
+        }
+    }
+    setLanguageFlags(5);
+    QCOMPARE(linkFile::languageText("SupportName"), QString("サポート"));
+    setLanguageFlags(-1);
+    QCOMPARE(linkFile::languageText("SupportName"), QString());
 }
 
 void TestStart::language_data()
