@@ -83,7 +83,7 @@ QCheckUpdate::Offer QCheckUpdate::compare(const QString &fetched, const QString 
     // A smaller field doesn't end it: the next one may still be greater.
     for (size_t i = 1; i < is.size(); ++i)
         if (is[i] > was[i]) return Offer::Minor;
-    return Offer::None;
+    return Offer::NoneGreater;
 }
 
 void QCheckUpdate::downloadFinishedTxt()
@@ -92,16 +92,16 @@ void QCheckUpdate::downloadFinishedTxt()
     isMinorUpdate = false;
     const QString problem = m_download.finish();
     Offer found = Offer::None;
-    QString version;
-    if (problem.isEmpty()) {
-        version = firstLine(VersionTxtPath);
-        if (!CheckIfCurrentVersionLatest(version)) found = compare(version, QLatin1String(kCurrentVersion));
-    } else {
+    const QString version = problem.isEmpty() ? firstLine(VersionTxtPath) : QString();
+    if (!problem.isEmpty())
         qDebug("Failed: %s\n", qPrintable(problem));
-    }
-    UpdateVersionAvailable = found != Offer::None;
+    else
+        found = CheckIfCurrentVersionLatest(version) ? Offer::NoneGreater
+                                                     : compare(version, QLatin1String(kCurrentVersion));
+    // What an earlier check has found stays where this one finds nothing either way.
+    if (found != Offer::NoneGreater) UpdateVersionAvailable = found != Offer::None;
     hide();
-    if (UpdateVersionAvailable)
+    if (found == Offer::Minor || found == Offer::Major)
         offer(found, version);
     else
         sayNoUpdate();
@@ -125,7 +125,7 @@ void QCheckUpdate::offer(Offer kind, const QString &version)
 void QCheckUpdate::sayNoUpdate()
 {
     emit NoUpdates();
-    if (!bCheckForUpdate) return;
+    if (!bCheckForUpdate || UpdateVersionAvailable) return;
     bCheckForUpdate = false;
     MessageBox box(parentWidget());
     box.setPicture(QStringLiteral(":/res/info.png"));

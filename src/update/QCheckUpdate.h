@@ -24,9 +24,9 @@ public:
     /// True if the update installed last, as the store "apple"/"KMPR.db" knows it, is found in `version`.
     static bool CheckIfCurrentVersionLatest(const QString &version);
 
-    enum class Offer { None, Minor, Major };
-    /// What a fetched version means for a program of version `current`. Fields behind the first are looked at by their
-    /// first digit alone.
+    enum class Offer { None, NoneGreater, Minor, Major };
+    /// What a fetched version means for a program of version `current`: None for one that is older or the same, NoneGreater
+    /// for another one without a greater field. Fields behind the first are looked at by one digit alone.
     static Offer compare(const QString &fetched, const QString &current);
 
 public slots:

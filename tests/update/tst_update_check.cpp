@@ -111,6 +111,11 @@ void TestUpdateCheck::lastUpdateIsNotOfferedAgain()
     QSettings("apple", "KMPR.db").setValue("VNo", last);
     room.server.answers["/Kesmira.txt"] = {"8.0.0.0"};
     QTEST(runCheck(true), "shown");
+    // Once something was offered, a check that finds nothing either way says nothing of it.
+    UpdateVersionAvailable = true;
+    QSettings("apple", "KMPR.db").setValue("VNo", "8.0.0.0");
+    qDeleteAll(QApplication::topLevelWidgets());
+    QCOMPARE(runCheck(true), QString());
 }
 
 void TestUpdateCheck::failures_data()
