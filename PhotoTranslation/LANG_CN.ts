@@ -395,6 +395,26 @@ Do you want to go back to previous screen?</source>
         <source>Select Folder</source>
         <translation>选择文件夹</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>更彻底地搜索损坏的 JPEG 照片。抢救出的图像中有些部分可能是推测的。</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>深度抢救(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>深度抢救： </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>已抢救</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -663,6 +683,14 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>名称必须以 .png、.jpg 或 .heic 结尾。</translation>
     </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>不会替换正在显示的文件。请选择其他名称。</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
 </context>
 <context>
     <name>HeicProblem</name>
@@ -709,6 +737,18 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
         <translation>解码器已中断：文件已损坏或要求过高</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>描述图像的数据盒已损坏</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>文件中没有将图像分块拼合起来的项</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>无法以此格式写入图像</translation>
     </message>
 </context>
 <context>
@@ -801,6 +841,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>Add a sample JPEG :</source>
         <translation>添加样本 JPEG：</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>图像</translation>
     </message>
 </context>
 <context>
@@ -924,6 +968,86 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>Nothing came out of this file.</source>
         <translation>未能从此文件中得到任何内容。</translation>
     </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>已撤销文本传输</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>已找到图像数据</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>已修正帧信息</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>已确定重启间隔</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>已用已知的霍夫曼表替换</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>已修正霍夫曼计数</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>已找到霍夫曼符号</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>已确定尺寸</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>已修正量化表</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>已修正非法代码</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>已修复受损字节</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>重启区间已归位</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>错位部分已移回</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>精确</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>很可能</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>推测</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>文件过大，无法进行深度抢救。</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>深度抢救未找到更好的结果。</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>已抢救 (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>已抢救：%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -999,6 +1123,13 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>程序已损坏，请重新安装。(%1)</translation>
+    </message>
+</context>
+<context>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
@@ -1056,6 +1187,41 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>Minor Update</source>
         <translation>次要更新</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>工作文件夹“%1”属于其他用户</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>其他用户可以写入工作文件夹“%1”</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>其他用户可以进入工作文件夹“%1”；其权限必须为 0700</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>无法创建工作文件夹“%1”：%2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>工作文件夹“%1”是符号链接</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>工作文件夹“%1”不是文件夹</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>无法打开工作文件夹“%1”</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>无法使用工作文件夹“%1”：%2</translation>
     </message>
 </context>
 </TS>

@@ -285,7 +285,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>&amp;Save Repaired Files...</source>
-        <translation>Re&amp;parierte Dateien speichern...</translation>
+        <translation>Re&amp;parierte Fotos speichern...</translation>
     </message>
     <message>
         <source>&amp;Back</source>
@@ -394,6 +394,26 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     <message>
         <source>Select Folder</source>
         <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>Durchsucht beschädigte JPEG-Fotos gründlicher. Teile eines geretteten Bildes können geraten sein.</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>&amp;Tiefenrettung</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>Tiefenrettung: </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>Gerettet</translation>
     </message>
 </context>
 <context>
@@ -663,6 +683,14 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>Der Name muss auf .png, .jpg oder .heic enden.</translation>
     </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>Die angezeigte Datei wird nicht ersetzt. Wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
 </context>
 <context>
     <name>HeicProblem</name>
@@ -684,7 +712,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>the index of the picture&apos;s tiles is broken</source>
-        <translation>das Verzeichnis der Bildkacheln ist beschädigt</translation>
+        <translation>der Index der Bildkacheln ist beschädigt</translation>
     </message>
     <message>
         <source>the picture can&apos;t be decoded</source>
@@ -708,7 +736,19 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
-        <translation>der Dekoder hat abgebrochen: die Datei ist beschädigt oder verlangt zu viel</translation>
+        <translation>der Dekoder hat abgebrochen: Die Datei ist beschädigt oder verlangt zu viel</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>eine Box, die das Bild beschreibt, ist beschädigt</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>kein Element der Datei fügt die Bildkacheln zusammen</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>das Bild kann in diesem Format nicht geschrieben werden</translation>
     </message>
 </context>
 <context>
@@ -802,6 +842,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>Add a sample JPEG :</source>
         <translation>Beispiel-JPEG hinzufügen:</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -850,7 +894,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>found through the file&apos;s own index</source>
-        <translation>über das Verzeichnis der Datei gefunden</translation>
+        <translation>über den Index der Datei gefunden</translation>
     </message>
     <message>
         <source>found by searching the file</source>
@@ -858,7 +902,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>its index was written anew</source>
-        <translation>das Verzeichnis wurde neu geschrieben</translation>
+        <translation>der Index wurde neu geschrieben</translation>
     </message>
     <message>
         <source>The file can&apos;t be read.</source>
@@ -894,7 +938,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>The index is lost. A sample from the same camera may help.</source>
-        <translation>Das Verzeichnis ist verloren. Ein Beispiel derselben Kamera kann helfen.</translation>
+        <translation>Der Index ist verloren. Ein Beispiel derselben Kamera kann helfen.</translation>
     </message>
     <message>
         <source>The disk is full or can&apos;t be written.</source>
@@ -923,6 +967,86 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>Nothing came out of this file.</source>
         <translation>Aus dieser Datei ließ sich nichts retten.</translation>
+    </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>Textübertragung rückgängig gemacht</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>Bilddaten gefunden</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>Bildrahmen ausgebessert</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>Restart-Intervall ermittelt</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>Huffman-Tabellen durch bekannte ersetzt</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>Huffman-Anzahlen ausgebessert</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>Huffman-Symbole ermittelt</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>Größe ermittelt</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>Quantisierungstabellen ausgebessert</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>ungültige Codes ausgebessert</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>getroffene Bytes ausgebessert</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>Restart-Intervalle an ihren Platz gesetzt</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>verschobene Teile zurückgerückt</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>exakt</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>wahrscheinlich</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>geraten</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>Die Datei ist zu groß für die Tiefenrettung.</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>Die Tiefenrettung hat nichts Besseres gefunden.</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>Gerettet (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>Gerettet: %1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -999,6 +1123,13 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>Das Programm ist beschädigt. Bitte installieren Sie es neu. (%1)</translation>
+    </message>
+</context>
+<context>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
@@ -1056,6 +1187,41 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>Minor Update</source>
         <translation>Kleines Update</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>der Arbeitsordner „%1“ gehört einem anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>andere können in den Arbeitsordner „%1“ schreiben</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>andere haben Zugang zum Arbeitsordner „%1“; seine Zugriffsrechte müssen 0700 sein</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>der Arbeitsordner „%1“ kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>der Arbeitsordner „%1“ ist ein symbolischer Link</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>der Arbeitsordner „%1“ ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>der Arbeitsordner „%1“ kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>der Arbeitsordner „%1“ kann nicht benutzt werden: %2</translation>
     </message>
 </context>
 </TS>

@@ -395,6 +395,26 @@ Do you want to go back to previous screen?</translation>
         <source>Select Folder</source>
         <translation>Select Folder</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>&amp;Deep salvage</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>Deep salvage: </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>Salvaged</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -663,6 +683,14 @@ Thumbnails are small sized images of large JPEGs.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>The name must end in .png, .jpg or .heic.</translation>
     </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>The file that is shown isn&apos;t replaced; choose another name.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>&apos;%1&apos; can&apos;t be written: %2</translation>
+    </message>
 </context>
 <context>
     <name>HeicProblem</name>
@@ -709,6 +737,18 @@ Thumbnails are small sized images of large JPEGs.</translation>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
         <translation>the decoder broke off: the file is damaged, or asks for too much</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>a box that describes the picture is broken</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>no item of the file puts the picture&apos;s tiles together</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>the picture can&apos;t be written in this format</translation>
     </message>
 </context>
 <context>
@@ -801,6 +841,10 @@ Thumbnails are small sized images of large JPEGs.</translation>
     <message>
         <source>Add a sample JPEG :</source>
         <translation>Add a sample JPEG :</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
     </message>
 </context>
 <context>
@@ -924,6 +968,86 @@ Thumbnails are small sized images of large JPEGs.</translation>
         <source>Nothing came out of this file.</source>
         <translation>Nothing came out of this file.</translation>
     </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>text transfer undone</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>picture data found</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>frame mended</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>restart interval found</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>Huffman tables taken from known ones</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>Huffman counts mended</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>Huffman symbols found</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>size found</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>quantization tables mended</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>illegal codes mended</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>hit bytes repaired</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>restart intervals put in place</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>shifted parts moved back</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>exact</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>likely</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>a guess</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>The file is too large for deep salvage.</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>Deep salvage found nothing better.</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>Salvaged (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>Salvaged: %1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -999,6 +1123,13 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>The program is damaged. Please install it again. (%1)</translation>
+    </message>
+</context>
+<context>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
@@ -1056,6 +1187,41 @@ Thumbnails are small sized images of large JPEGs.</translation>
     <message>
         <source>Minor Update</source>
         <translation>Minor Update</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>the working folder &apos;%1&apos; belongs to another user</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>the working folder &apos;%1&apos; can be written by others</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>the working folder &apos;%1&apos; can&apos;t be made: %2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>the working folder &apos;%1&apos; is a symbolic link</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>the working folder &apos;%1&apos; is not a folder</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>the working folder &apos;%1&apos; can&apos;t be opened</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>the working folder &apos;%1&apos; can&apos;t be used: %2</translation>
     </message>
 </context>
 </TS>

@@ -285,7 +285,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>&amp;Save Repaired Files...</source>
-        <translation>&amp;Guardar archivos reparados...</translation>
+        <translation>&amp;Guardar fotos reparadas...</translation>
     </message>
     <message>
         <source>&amp;Back</source>
@@ -337,7 +337,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Aborted</source>
-        <translation>Cancelado</translation>
+        <translation>Detenido</translation>
     </message>
     <message>
         <source>Repairing file </source>
@@ -394,6 +394,26 @@ Do you want to go back to previous screen?</source>
     <message>
         <source>Select Folder</source>
         <translation>Seleccionar carpeta</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>Examina más a fondo las fotos JPEG dañadas. Algunas partes de una imagen recuperada pueden ser una conjetura.</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>Recuperación &amp;profunda</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>Recuperación profunda: </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>Recuperado</translation>
     </message>
 </context>
 <context>
@@ -663,6 +683,14 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>El nombre debe terminar en .png, .jpg o .heic.</translation>
     </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>El archivo mostrado no se reemplaza. Elija otro nombre.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>No se puede escribir «%1»: %2</translation>
+    </message>
 </context>
 <context>
     <name>HeicProblem</name>
@@ -709,6 +737,18 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
         <translation>el descodificador se interrumpió: el archivo está dañado o exige demasiado</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>una caja que describe la imagen está dañada</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>ningún elemento del archivo une las teselas de la imagen</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>no se puede escribir la imagen en este formato</translation>
     </message>
 </context>
 <context>
@@ -801,6 +841,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>Add a sample JPEG :</source>
         <translation>Añada un JPEG de muestra:</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Imágenes</translation>
     </message>
 </context>
 <context>
@@ -924,6 +968,86 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>Nothing came out of this file.</source>
         <translation>No se pudo obtener nada de este archivo.</translation>
     </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>transferencia de texto deshecha</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>datos de imagen hallados</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>descripción de la imagen corregida</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>intervalo de reinicio hallado</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>tablas de Huffman sustituidas por otras conocidas</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>recuentos de Huffman corregidos</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>símbolos de Huffman hallados</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>tamaño hallado</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>tablas de cuantificación corregidas</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>códigos no válidos corregidos</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>bytes dañados reparados</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>intervalos de reinicio colocados en su sitio</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>partes desplazadas devueltas a su sitio</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>exacto</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>probable</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>una conjetura</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>El archivo es demasiado grande para la recuperación profunda.</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>La recuperación profunda no encontró nada mejor.</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>Recuperado (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>Recuperado: %1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -999,6 +1123,13 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
 </context>
 <context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>El programa está dañado. Vuelva a instalarlo. (%1)</translation>
+    </message>
+</context>
+<context>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
@@ -1056,6 +1187,41 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>Minor Update</source>
         <translation>Actualización secundaria</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>la carpeta de trabajo «%1» pertenece a otro usuario</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>otros pueden escribir en la carpeta de trabajo «%1»</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>otros pueden entrar en la carpeta de trabajo «%1»; sus permisos deben ser 0700</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>no se puede crear la carpeta de trabajo «%1»: %2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>la carpeta de trabajo «%1» es un enlace simbólico</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>la carpeta de trabajo «%1» no es una carpeta</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>no se puede abrir la carpeta de trabajo «%1»</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>no se puede usar la carpeta de trabajo «%1»: %2</translation>
     </message>
 </context>
 </TS>

@@ -100,11 +100,11 @@ Cliquez sur Suivant pour ajouter un &apos; HEIC exemple </translation>
     </message>
     <message>
         <source>File Name :</source>
-        <translation>Nom du fichier :</translation>
+        <translation>Nom du fichier&#xa0;:</translation>
     </message>
     <message>
         <source>Rename to :</source>
-        <translation>Renommer en :</translation>
+        <translation>Renommer en&#xa0;:</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -141,7 +141,7 @@ Cliquez sur Suivant pour ajouter un &apos; HEIC exemple </translation>
         <source>This action will clear repair results.
 Do you want to go back to previous screen?</source>
         <translation>Les résultats de la réparation seront effacés.
-Voulez-vous revenir à l’écran précédent ?</translation>
+Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>Yes</source>
@@ -285,7 +285,7 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>&amp;Save Repaired Files...</source>
-        <translation>Enregi&amp;strer les fichiers réparés...</translation>
+        <translation>Enregi&amp;strer les photos réparées...</translation>
     </message>
     <message>
         <source>&amp;Back</source>
@@ -325,7 +325,7 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
-        <translation>Cliquez sur « Enregistrer les photos » pour enregistrer toutes vos photos réparées. Cliquez sur un fichier pour en voir l’aperçu. </translation>
+        <translation>Cliquez sur «&#xa0;Enregistrer les photos&#xa0;» pour enregistrer toutes vos photos réparées. Cliquez sur un fichier pour en voir l’aperçu. </translation>
     </message>
     <message>
         <source>Repair process completed.</source>
@@ -389,11 +389,31 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>Repairing File : </source>
-        <translation>Réparation du fichier : </translation>
+        <translation>Réparation du fichier&#xa0;: </translation>
     </message>
     <message>
         <source>Select Folder</source>
         <translation>Choisir un dossier</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>Examine plus à fond les photos JPEG endommagées. Certaines parties d’une image récupérée peuvent être devinées.</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>Ré&amp;cupération approfondie</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>Récupération approfondie&#xa0;: </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>Récupéré</translation>
     </message>
 </context>
 <context>
@@ -404,7 +424,7 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
-        <translation>Cliquez sur « Ajouter » pour ajouter des JPEG endommagés. Vous pouvez aussi les faire glisser dans l’espace ci-dessus.</translation>
+        <translation>Cliquez sur «&#xa0;Ajouter&#xa0;» pour ajouter des JPEG endommagés. Vous pouvez aussi les faire glisser dans l’espace ci-dessus.</translation>
     </message>
     <message>
         <source>Add</source>
@@ -483,7 +503,7 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
-        <translation>La mise à jour ne peut pas être décompressée : elle est endommagée ou le disque est plein.</translation>
+        <translation>La mise à jour ne peut pas être décompressée&#xa0;: elle est endommagée ou le disque est plein.</translation>
     </message>
     <message>
         <source>The installed program isn&apos;t where it was.</source>
@@ -499,7 +519,7 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>The new version can&apos;t be put in place: %1</source>
-        <translation>La nouvelle version ne peut pas être mise en place : %1</translation>
+        <translation>La nouvelle version ne peut pas être mise en place&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -529,7 +549,7 @@ Voulez-vous revenir à l’écran précédent ?</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
-        <translation>Voulez-vous vraiment quitter ?</translation>
+        <translation>Voulez-vous vraiment quitter&#xa0;?</translation>
     </message>
     <message>
         <source>Yes</source>
@@ -606,11 +626,11 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Folder Name : </source>
-        <translation>Nom du dossier : </translation>
+        <translation>Nom du dossier&#xa0;: </translation>
     </message>
     <message>
         <source>Rename to : </source>
-        <translation>Renommer en : </translation>
+        <translation>Renommer en&#xa0;: </translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -653,7 +673,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>This file can&apos;t be shown: %1.</source>
-        <translation>Impossible d’afficher ce fichier : %1.</translation>
+        <translation>Impossible d’afficher ce fichier&#xa0;: %1.</translation>
     </message>
     <message>
         <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
@@ -662,6 +682,14 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>Le nom doit se terminer par .png, .jpg ou .heic.</translation>
+    </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>Le fichier affiché ne sera pas remplacé. Choisissez un autre nom.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>Impossible d’écrire «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -708,7 +736,19 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
-        <translation>le décodeur s’est interrompu : le fichier est endommagé ou exige trop</translation>
+        <translation>le décodeur s’est interrompu&#xa0;: le fichier est endommagé ou exige trop</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>une boîte qui décrit l’image est endommagée</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>aucun élément du fichier n’assemble les tuiles de l’image</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>l’image ne peut pas être écrite dans ce format</translation>
     </message>
 </context>
 <context>
@@ -753,7 +793,7 @@ Ce sont de petites images des grands JPEG.</translation>
     <name>QDownloadApp</name>
     <message>
         <source>Time Elapsed: </source>
-        <translation>Temps écoulé : </translation>
+        <translation>Temps écoulé&#xa0;: </translation>
     </message>
     <message>
         <source> sec </source>
@@ -769,7 +809,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation>Débit : </translation>
+        <translation>Débit&#xa0;: </translation>
     </message>
     <message>
         <source> KB/sec </source>
@@ -781,7 +821,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Please wait as this process will take several </source>
-        <translation>Veuillez patienter : l’opération prendra de </translation>
+        <translation>Veuillez patienter&#xa0;: l’opération prendra de </translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
@@ -796,11 +836,15 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
-        <translation>Ajouter un HEIC exemple :</translation>
+        <translation>Ajouter un HEIC exemple&#xa0;:</translation>
     </message>
     <message>
         <source>Add a sample JPEG :</source>
-        <translation>Ajouter un JPEG exemple :</translation>
+        <translation>Ajouter un JPEG exemple&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
     </message>
 </context>
 <context>
@@ -811,7 +855,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Add a sample JPEG :</source>
-        <translation>Ajouter un JPEG exemple :</translation>
+        <translation>Ajouter un JPEG exemple&#xa0;:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -906,23 +950,103 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Quantization tables replaced: %n</source>
-        <translation>Tables de quantification remplacées : %n</translation>
+        <translation>Tables de quantification remplacées&#xa0;: %n</translation>
     </message>
     <message>
         <source>Huffman tables replaced: %n</source>
-        <translation>Tables de Huffman remplacées : %n</translation>
+        <translation>Tables de Huffman remplacées&#xa0;: %n</translation>
     </message>
     <message>
         <source>Illegal bytes of the picture data neutralised: %1</source>
-        <translation>Octets interdits des données d’image neutralisés : %1</translation>
+        <translation>Octets interdits des données d’image neutralisés&#xa0;: %1</translation>
     </message>
     <message>
         <source>Bytes stepped over: %1</source>
-        <translation>Octets ignorés : %1</translation>
+        <translation>Octets ignorés&#xa0;: %1</translation>
     </message>
     <message>
         <source>Nothing came out of this file.</source>
         <translation>Rien n’a pu être tiré de ce fichier.</translation>
+    </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>transfert en mode texte annulé</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>données d’image trouvées</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>description de l’image corrigée</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>intervalle de redémarrage trouvé</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>tables de Huffman remplacées par des tables connues</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>nombres de codes de Huffman corrigés</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>symboles de Huffman retrouvés</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>taille retrouvée</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>tables de quantification corrigées</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>codes interdits corrigés</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>octets touchés réparés</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>intervalles de redémarrage remis en place</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>parties décalées remises en place</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>exact</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>probable</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>supposé</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>Le fichier est trop volumineux pour la récupération approfondie.</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>La récupération approfondie n’a rien trouvé de mieux.</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>Récupéré (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>Récupéré&#xa0;: %1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -979,7 +1103,7 @@ Ce sont de petites images des grands JPEG.</translation>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
-        <translation>Le dossier de travail « %1 » ne peut pas être verrouillé.</translation>
+        <translation>Le dossier de travail «&#xa0;%1&#xa0;» ne peut pas être verrouillé.</translation>
     </message>
     <message>
         <source>The program is running already, and these are too many files to hand over to it at once.</source>
@@ -987,15 +1111,22 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>The program is running already but is busy; it hasn&apos;t answered yet.</source>
-        <translation>Le programme est déjà ouvert mais occupé ; il n’a pas encore répondu.</translation>
+        <translation>Le programme est déjà ouvert mais occupé&#xa0;; il n’a pas encore répondu.</translation>
     </message>
     <message>
         <source>The working folder &quot;%1&quot; is in use by another program.</source>
-        <translation>Le dossier de travail « %1 » est utilisé par un autre programme.</translation>
+        <translation>Le dossier de travail «&#xa0;%1&#xa0;» est utilisé par un autre programme.</translation>
     </message>
     <message>
         <source>The working folder &quot;%1&quot; is in use by %2 (process %3 on %4).</source>
-        <translation>Le dossier de travail « %1 » est utilisé par %2 (processus %3 sur %4).</translation>
+        <translation>Le dossier de travail «&#xa0;%1&#xa0;» est utilisé par %2 (processus %3 sur %4).</translation>
+    </message>
+</context>
+<context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>Le programme est endommagé. Veuillez le réinstaller. (%1)</translation>
     </message>
 </context>
 <context>
@@ -1006,7 +1137,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>
-        <translation>Voulez-vous arrêter l’opération en cours ?</translation>
+        <translation>Voulez-vous arrêter l’opération en cours&#xa0;?</translation>
     </message>
     <message>
         <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
@@ -1042,12 +1173,12 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>New version details: 
 </source>
-        <translation>Détails de la nouvelle version : 
+        <translation>Détails de la nouvelle version&#xa0;: 
 </translation>
     </message>
     <message>
         <source>Update: Kesmira </source>
-        <translation>Mise à jour : Kesmira </translation>
+        <translation>Mise à jour&#xa0;: Kesmira </translation>
     </message>
     <message>
         <source>Major Update</source>
@@ -1056,6 +1187,41 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>Minor Update</source>
         <translation>Mise à jour mineure</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>le dossier de travail «&#xa0;%1&#xa0;» appartient à un autre utilisateur</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>d’autres peuvent écrire dans le dossier de travail «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>d’autres ont accès au dossier de travail «&#xa0;%1&#xa0;»&#xa0;; ses droits doivent être 0700</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>le dossier de travail «&#xa0;%1&#xa0;» ne peut pas être créé&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>le dossier de travail «&#xa0;%1&#xa0;» est un lien symbolique</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>le dossier de travail «&#xa0;%1&#xa0;» n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>le dossier de travail «&#xa0;%1&#xa0;» ne peut pas être ouvert</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>le dossier de travail «&#xa0;%1&#xa0;» ne peut pas être utilisé&#xa0;: %2</translation>
     </message>
 </context>
 </TS>

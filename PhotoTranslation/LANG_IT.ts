@@ -285,7 +285,7 @@ Tornare alla schermata precedente?</translation>
     </message>
     <message>
         <source>&amp;Save Repaired Files...</source>
-        <translation>&amp;Salva i file riparati...</translation>
+        <translation>&amp;Salva foto riparate...</translation>
     </message>
     <message>
         <source>&amp;Back</source>
@@ -394,6 +394,26 @@ Tornare alla schermata precedente?</translation>
     <message>
         <source>Select Folder</source>
         <translation>Seleziona cartella</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Immagini</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>Esamina più a fondo le foto JPEG danneggiate. Alcune parti di un’immagine recuperata possono essere supposte.</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>Re&amp;cupero approfondito</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>Recupero approfondito: </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>Recuperato</translation>
     </message>
 </context>
 <context>
@@ -663,6 +683,14 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>Il nome deve terminare con .png, .jpg o .heic.</translation>
     </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>Il file mostrato non viene sostituito. Scegliere un altro nome.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>Impossibile scrivere “%1”: %2</translation>
+    </message>
 </context>
 <context>
     <name>HeicProblem</name>
@@ -709,6 +737,18 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
         <translation>il decodificatore si è interrotto: il file è danneggiato o richiede troppo</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>un box che descrive l’immagine è danneggiato</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>nessun elemento del file unisce i riquadri dell’immagine</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>impossibile scrivere l’immagine in questo formato</translation>
     </message>
 </context>
 <context>
@@ -801,6 +841,10 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>Add a sample JPEG :</source>
         <translation>Aggiungi un JPEG campione:</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Immagini</translation>
     </message>
 </context>
 <context>
@@ -924,6 +968,86 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>Nothing came out of this file.</source>
         <translation>Da questo file non è stato ricavato nulla.</translation>
     </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>trasferimento di testo annullato</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>dati dell’immagine trovati</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>descrizione dell’immagine corretta</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>intervallo di riavvio trovato</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>tabelle di Huffman sostituite con tabelle note</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>conteggi di Huffman corretti</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>simboli di Huffman trovati</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>dimensioni trovate</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>tabelle di quantizzazione corrette</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>codici non validi corretti</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>byte colpiti riparati</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>intervalli di riavvio rimessi a posto</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>parti spostate rimesse a posto</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>esatto</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>probabile</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>supposto</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>Il file è troppo grande per il recupero approfondito.</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>Il recupero approfondito non ha trovato nulla di meglio.</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>Recuperato (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>Recuperato: %1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -999,6 +1123,13 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
 </context>
 <context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>Il programma è danneggiato. Installarlo di nuovo. (%1)</translation>
+    </message>
+</context>
+<context>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
@@ -1056,6 +1187,41 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>Minor Update</source>
         <translation>Aggiornamento secondario</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>la cartella di lavoro “%1” appartiene a un altro utente</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>altri possono scrivere nella cartella di lavoro “%1”</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>altri possono accedere alla cartella di lavoro “%1”; i suoi permessi devono essere 0700</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>impossibile creare la cartella di lavoro “%1”: %2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>la cartella di lavoro “%1” è un collegamento simbolico</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>la cartella di lavoro “%1” non è una cartella</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>impossibile aprire la cartella di lavoro “%1”</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>impossibile usare la cartella di lavoro “%1”: %2</translation>
     </message>
 </context>
 </TS>

@@ -395,6 +395,26 @@ Do you want to go back to previous screen?</source>
         <source>Select Folder</source>
         <translation>フォルダーを選択</translation>
     </message>
+    <message>
+        <source>Images</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
+        <translation>壊れた JPEG 写真をより詳しく調べます。救い出した画像の一部は推測によることがあります。</translation>
+    </message>
+    <message>
+        <source>&amp;Deep salvage</source>
+        <translation>ディープサルベージ(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Deep salvage: </source>
+        <translation>ディープサルベージ: </translation>
+    </message>
+    <message>
+        <source>Salvaged</source>
+        <translation>サルベージ</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -663,6 +683,14 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>名前の末尾は .png、.jpg、.heic のいずれかにしてください。</translation>
     </message>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>表示中のファイルは置き換えられません。別の名前を指定してください。</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
 </context>
 <context>
     <name>HeicProblem</name>
@@ -709,6 +737,18 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
         <translation>デコーダーが中断しました: ファイルが壊れているか、要求が大きすぎます</translation>
+    </message>
+    <message>
+        <source>a box that describes the picture is broken</source>
+        <translation>画像を記述するボックスが壊れています</translation>
+    </message>
+    <message>
+        <source>no item of the file puts the picture&apos;s tiles together</source>
+        <translation>画像タイルをまとめる項目がファイルにありません</translation>
+    </message>
+    <message>
+        <source>the picture can&apos;t be written in this format</source>
+        <translation>画像をこの形式で書き込めません</translation>
     </message>
 </context>
 <context>
@@ -801,6 +841,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>Add a sample JPEG :</source>
         <translation>サンプル JPEG を追加:</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>画像</translation>
     </message>
 </context>
 <context>
@@ -924,6 +968,86 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>Nothing came out of this file.</source>
         <translation>このファイルからは何も取り出せませんでした。</translation>
     </message>
+    <message>
+        <source>text transfer undone</source>
+        <translation>テキスト転送を元に戻しました</translation>
+    </message>
+    <message>
+        <source>picture data found</source>
+        <translation>画像データを検出</translation>
+    </message>
+    <message>
+        <source>frame mended</source>
+        <translation>フレーム情報を修正</translation>
+    </message>
+    <message>
+        <source>restart interval found</source>
+        <translation>リスタート間隔を特定</translation>
+    </message>
+    <message>
+        <source>Huffman tables taken from known ones</source>
+        <translation>ハフマンテーブルを既知のものに置換</translation>
+    </message>
+    <message>
+        <source>Huffman counts mended</source>
+        <translation>ハフマン符号の個数を修正</translation>
+    </message>
+    <message>
+        <source>Huffman symbols found</source>
+        <translation>ハフマンのシンボルを特定</translation>
+    </message>
+    <message>
+        <source>size found</source>
+        <translation>サイズを特定</translation>
+    </message>
+    <message>
+        <source>quantization tables mended</source>
+        <translation>量子化テーブルを修正</translation>
+    </message>
+    <message>
+        <source>illegal codes mended</source>
+        <translation>不正なコードを修正</translation>
+    </message>
+    <message>
+        <source>hit bytes repaired</source>
+        <translation>損傷したバイトを修復</translation>
+    </message>
+    <message>
+        <source>restart intervals put in place</source>
+        <translation>リスタート区間を正しい位置に配置</translation>
+    </message>
+    <message>
+        <source>shifted parts moved back</source>
+        <translation>ずれた部分を元の位置に移動</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>確実</translation>
+    </message>
+    <message>
+        <source>likely</source>
+        <translation>ほぼ確実</translation>
+    </message>
+    <message>
+        <source>a guess</source>
+        <translation>推測</translation>
+    </message>
+    <message>
+        <source>The file is too large for deep salvage.</source>
+        <translation>ファイルが大きすぎるため、ディープサルベージできません。</translation>
+    </message>
+    <message>
+        <source>Deep salvage found nothing better.</source>
+        <translation>ディープサルベージでもより良い結果は得られませんでした。</translation>
+    </message>
+    <message>
+        <source>Salvaged (%1)</source>
+        <translation>サルベージ (%1)</translation>
+    </message>
+    <message>
+        <source>Salvaged: %1 (%2)</source>
+        <translation>サルベージ: %1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -999,6 +1123,13 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>Start</name>
+    <message>
+        <source>The program is damaged. Please install it again. (%1)</source>
+        <translation>プログラムが壊れています。インストールし直してください。(%1)</translation>
+    </message>
+</context>
+<context>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
@@ -1056,6 +1187,41 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>Minor Update</source>
         <translation>マイナーアップデート</translation>
+    </message>
+</context>
+<context>
+    <name>WorkingRoot</name>
+    <message>
+        <source>the working folder &apos;%1&apos; belongs to another user</source>
+        <translation>作業フォルダー「%1」は別のユーザーのものです</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be written by others</source>
+        <translation>作業フォルダー「%1」に他のユーザーが書き込めます</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can be entered by others; its mode must be 0700</source>
+        <translation>作業フォルダー「%1」に他のユーザーが入れます。権限は 0700 でなければなりません</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>作業フォルダー「%1」を作成できません: %2</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is a symbolic link</source>
+        <translation>作業フォルダー「%1」はシンボリックリンクです</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; is not a folder</source>
+        <translation>作業フォルダー「%1」はフォルダーではありません</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be opened</source>
+        <translation>作業フォルダー「%1」を開けません</translation>
+    </message>
+    <message>
+        <source>the working folder &apos;%1&apos; can&apos;t be used: %2</source>
+        <translation>作業フォルダー「%1」を使用できません: %2</translation>
     </message>
 </context>
 </TS>

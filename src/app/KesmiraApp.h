@@ -224,6 +224,7 @@ public:
     quint8 nThirdQuantSelector = 0;  ///< Tq byte of the third component from the last SOF0 to SOF2
 
     // Beside the told state
+    bool bDeepSalvage = false;               ///< the window's runs try deep salvage too; the main thread's own
     RepairReport report;                     ///< what was done for the current file and why
     QHash<QString, QString> mapWorkingNames; ///< source path -> name in the working folder, for this run
     QSet<QString> setWorkingNames;           ///< those names

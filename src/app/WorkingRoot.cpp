@@ -1,5 +1,6 @@
 #include "app/WorkingRoot.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -39,14 +40,13 @@ QString defaultRoot()
     return withoutTrailingSlash(QDir::homePath()) + "/.cache/kesmira";
 }
 
-QString problem(const QString &path, const QString &what)
+/// The reason in the reader's language. In it %1 stands for the folder, and %2, if it is there, for what the system says.
+QString problem(const QString &path, const char *reason)
 {
-    return QStringLiteral("the working folder '%1' %2").arg(path, what);
-}
-
-QString systemText()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
+    const QString system = QString::fromLocal8Bit(std::strerror(errno));
+    const QString text = QCoreApplication::translate("WorkingRoot", reason);
+    // Both at once, for the folder's own name may hold a "%2".
+    return text.contains("%2") ? text.arg(path, system) : text.arg(path);
 }
 
 /// Makes the folder and what is missing above it. True if it was made here; errno tells why not.
@@ -59,16 +59,19 @@ bool makePrivateFolder(const QByteArray &path)
     return ::mkdir(path.constData(), 0700) == 0;
 }
 
-/// What makes a folder unfit to be a root, "" for nothing.
-QString unfitness(const struct stat &info)
+constexpr const char *kForeign = QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' belongs to another user");
+
+/// What makes a folder unfit to be a root, nullptr for nothing.
+const char *unfitness(const struct stat &info)
 {
-    if (info.st_uid != ::geteuid()) return QStringLiteral("belongs to another user");
+    if (info.st_uid != ::geteuid()) return kForeign;
     // The default root holds pictures that nobody else may see. A root that the user named may be an ordinary folder of
     // theirs: its files are private one by one, and it is enough that nobody else can put or swap anything in it.
     const mode_t forbidden = namedRoot().isEmpty() ? mode_t(077) : mode_t(022);
-    if (!(info.st_mode & forbidden)) return {};
-    return namedRoot().isEmpty() ? QStringLiteral("can be entered by others; its mode must be 0700")
-                                 : QStringLiteral("can be written by others");
+    if (!(info.st_mode & forbidden)) return nullptr;
+    if (!namedRoot().isEmpty())
+        return QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' can be written by others");
+    return QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' can be entered by others; its mode must be 0700");
 }
 
 } // namespace
@@ -94,19 +97,22 @@ QString prepareWorkingRoot()
         struct stat info = {};
         if (::lstat(name.constData(), &info) != 0) {
             errno = error;
-            return problem(root, "can't be made: " + systemText());
+            return problem(root, QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' can't be made: %2"));
         }
-        if (S_ISLNK(info.st_mode)) return problem(root, "is a symbolic link");
-        if (!S_ISDIR(info.st_mode)) return problem(root, "is not a folder");
-        return problem(root, info.st_uid == ::geteuid() ? "can't be opened" : "belongs to another user");
+        if (S_ISLNK(info.st_mode))
+            return problem(root, QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' is a symbolic link"));
+        if (!S_ISDIR(info.st_mode))
+            return problem(root, QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' is not a folder"));
+        if (info.st_uid != ::geteuid()) return problem(root, kForeign);
+        return problem(root, QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' can't be opened"));
     }
     if (made) ::fchmod(fd, 0700); // whatever the umask took away
     struct stat info = {};
     ::fstat(fd, &info);
     ::close(fd);
-    const QString unfit = unfitness(info);
-    if (!unfit.isEmpty()) return problem(root, unfit);
-    if (::access(name.constData(), R_OK | W_OK | X_OK) != 0) return problem(root, "can't be used: " + systemText());
+    if (const char *unfit = unfitness(info)) return problem(root, unfit);
+    if (::access(name.constData(), R_OK | W_OK | X_OK) != 0)
+        return problem(root, QT_TRANSLATE_NOOP("WorkingRoot", "the working folder '%1' can't be used: %2"));
     return {};
 }
 

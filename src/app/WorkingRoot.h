@@ -10,7 +10,7 @@ void setWorkingRoot(const QString &path);
 
 /// Makes the root with mode 0700 and checks that it is a folder of this user's that nobody else may enter, and no link.
 /// A root given to setWorkingRoot may be a folder that others can enter, but not write.
-/// Returns "" or one line that says what is wrong.
+/// Returns "" or one line in the reader's language that says what is wrong; it begins with a small letter.
 QString prepareWorkingRoot();
 
 /// "<root>/RepairedFiles/"; the place of the results.

@@ -37,7 +37,8 @@ QString textWithoutWindow(int argc, char *argv[])
 
 int refuse(const QString &why)
 {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Kesmira"), why);
+    // What the batch program says behind its name begins a sentence here.
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Kesmira"), why.left(1).toUpper() + why.mid(1));
     box.exec();
     return 1;
 }
@@ -85,7 +86,10 @@ int main(int argc, char *argv[])
     pApp->GetPlistLinks();
 
     const QString tables = checkBuiltInTables();
-    if (!tables.isEmpty()) return refuse(tables);
+    if (!tables.isEmpty()) {
+        const char *damaged = QT_TRANSLATE_NOOP("Start", "The program is damaged. Please install it again. (%1)");
+        return refuse(QCoreApplication::translate("Start", damaged).arg(tables));
+    }
     SingleInstance instance;
     QString why;
     switch (instance.start(line.files, &why)) {

@@ -7,6 +7,7 @@
 #include "batch/SourceList.h"
 #include "batch/StopSignals.h"
 #include "batch/Words.h"
+#include "engine/DeepRoad.h"
 #include "engine/heic/HeicRoad.h"
 #include "engine/heic/ReadingCopy.h"
 #include "save/ConflictPrompt.h"
@@ -56,7 +57,7 @@ bool wantsSample(const SourceResult &result)
 {
     if (result.outcome.report.reason == RepairReason::Stopped) return false;
     if (result.outcome.report.tilesAlone) return true; // listed, but nothing opens it
-    return result.status() == status::Invalid || (!result.gaveSomething() && isJpeg(result.outcome.suffix));
+    return result.status() == status::Invalid || (result.outcome.results.isEmpty() && isJpeg(result.outcome.suffix));
 }
 
 class BatchRun
@@ -140,6 +141,8 @@ void BatchRun::print(const SourceResult &result)
         m_names.append(row.name);
         if (row.type == "Thumbnail")
             ++m_summary.thumbnails;
+        else if (row.type == "Salvaged")
+            ++m_summary.salvaged;
         else if (row.type == "Extracted" || row.type.isEmpty()) // a raw file's third picture may be called nothing
             ++m_summary.extracted;
         else
@@ -166,6 +169,7 @@ void BatchRun::writeReadable(SourceResult &result)
 
 void BatchRun::firstPass(const QStringList &files)
 {
+    DeepRoad deep(files);
     for (const QString &file : files) {
         if (m_failed) return;
         SourceResult result;
@@ -177,6 +181,7 @@ void BatchRun::firstPass(const QStringList &files)
             progress(
                 QStringLiteral("Repairing file %1 of %2: %3").arg(m_results.size() + 1).arg(files.size()).arg(file));
             result.outcome = repairOneFile(file);
+            if (m_options.deep) deep.run(result.outcome);
             result.rows = makeRows(result.outcome);
             writeReadable(result);
         }

@@ -29,6 +29,8 @@ public:
             {"rows", rows},
             {"report", toJson(result.outcome.report)},
         };
+        const QString &salvaged = result.outcome.report.salvage.name;
+        if (!salvaged.isEmpty()) object.insert("salvaged", salvaged);
         if (result.wantsReadable) object.insert("readable", QJsonArray::fromStringList(result.readable));
         if (result.samplePass) object.insert("pass", "sample");
         m_out << QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) << '\n';

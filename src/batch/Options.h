@@ -12,6 +12,7 @@ struct Options
     bool help = false;
     bool version = false;
     bool readable = false; ///< --readable
+    bool deep = false;     ///< --deep
     QString destination;   ///< --to
     FileAnswer onConflict = FileAnswer::RenameAll;
     QString sample;

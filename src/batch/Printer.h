@@ -20,7 +20,7 @@ struct SourceResult
     bool wantsReadable = false; ///< reading copies of its HEICs were asked for
     QStringList readable;       ///< their names
 
-    bool gaveSomething() const { return !outcome.results.isEmpty(); }
+    bool gaveSomething() const { return !outcome.results.isEmpty() || !outcome.report.salvage.name.isEmpty(); }
     /// "5" repaired, "2" invalid, "" neither; the stages that only a window shows are folded into these three.
     QString status() const;
 };
@@ -39,6 +39,7 @@ struct RunSummary
     int repaired = 0; ///< rows of each type
     int extracted = 0;
     int thumbnails = 0;
+    int salvaged = 0;
     QVector<FailedSource> failed;
 };
 

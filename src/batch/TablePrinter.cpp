@@ -15,6 +15,12 @@ QString reasonLine(RepairReason reason)
     return text.isEmpty() ? QStringLiteral("Nothing usable was found.") : text;
 }
 
+/// How a salvaged picture came about, and how sure it is.
+QString salvagedText(const RepairReport &report)
+{
+    return report.salvage.steps.join(QStringLiteral(", ")) + " (" + report.salvage.certainty + ')';
+}
+
 class TablePrinter : public Printer
 {
 public:
@@ -41,7 +47,8 @@ public:
             mended = mended.isEmpty() ? reasonLine(report.reason) : reasonLine(report.reason) + " (" + mended + ')';
         }
         line(result.outcome.source, stateWord(result), {}, mended);
-        for (const OutputRow &row : result.rows.rows) line("  " + row.name, row.type, row.resolution, {});
+        for (const OutputRow &row : result.rows.rows)
+            line("  " + row.name, row.type, row.resolution, row.type == "Salvaged" ? salvagedText(report) : QString());
         for (const QString &name : result.readable) line("  " + name, "Readable", {}, {});
     }
 
@@ -62,7 +69,9 @@ public:
         m_out << "\nSources: " << summary.sources << ", " << summary.sources - failed << " gave something, " << failed
               << " gave nothing, " << summary.passedOver << " passed over.\n";
         m_out << "Results: " << outputs << ", " << summary.repaired << " repaired, " << summary.extracted
-              << " extracted, " << summary.thumbnails << " thumbnails.\n";
+              << " extracted, " << summary.thumbnails << " thumbnails";
+        if (summary.salvaged > 0) m_out << "; beside them " << summary.salvaged << " salvaged";
+        m_out << ".\n";
         if (failed == 0) return;
         m_out << "Nothing came of:\n";
         for (const FailedSource &each : summary.failed) {

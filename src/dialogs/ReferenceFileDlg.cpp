@@ -53,7 +53,7 @@ void ReferenceFileDlg::showForSuffix()
 void ReferenceFileDlg::OnBrowseRefrenceFile()
 {
     const bool heic = takesHeic();
-    const QString filter = heic ? "Images (*.HEIC *.HEIF *.heic *.heif)" : "Images (*.JPEG *.JPG *.jpg *.jpeg )";
+    const QString filter = tr("Images") + (heic ? " (*.HEIC *.HEIF *.heic *.heif)" : " (*.JPEG *.JPG *.jpg *.jpeg )");
     const QString file = fileChooser().openFile(this, tr("Add File"), "/home", filter);
     if (file.isEmpty()) return;
 

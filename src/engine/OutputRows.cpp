@@ -108,6 +108,18 @@ void appendRawRow(const FileOutcome &outcome, const QString &name, QVector<Outpu
     if (rows.size() == 3) rankThree(rows, widths);
 }
 
+/// The row of a salvaged picture, which comes behind all others and changes none of them.
+OutputRow salvagedRow(const SalvageReport &salvage)
+{
+    OutputRow row;
+    row.name = salvage.name;
+    row.type = QStringLiteral("Salvaged");
+    row.path = salvage.path;
+    row.resolution = QStringLiteral("%1x%2").arg(salvage.size.height()).arg(salvage.size.width());
+    row.icon = salvage.icon;
+    return row;
+}
+
 /// The decoder takes no HEIC, so nothing is loaded: a size of nothing stands, but where the suffix has its usual form.
 OutputRow heicRow(const FileOutcome &outcome, const QString &name)
 {
@@ -183,6 +195,7 @@ OutputRows makeRows(const FileOutcome &outcome)
         if (!row.thumbnail) out.sourceStatus = QLatin1String(status::Repaired);
         out.rows.append(row);
     }
+    if (!outcome.report.salvage.name.isEmpty()) out.rows.append(salvagedRow(outcome.report.salvage));
     return out;
 }
 

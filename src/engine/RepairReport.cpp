@@ -47,6 +47,15 @@ QJsonObject toJson(const OutputReport &output)
     return object;
 }
 
+QJsonObject toJson(const SalvageReport &salvage)
+{
+    QJsonObject object{{"steps", QJsonArray::fromStringList(salvage.steps)},
+                       {"certainty", salvage.certainty},
+                       {"milliseconds", salvage.milliseconds}};
+    if (!salvage.passedOver.isEmpty()) object.insert("passedOver", salvage.passedOver);
+    return object;
+}
+
 } // namespace
 
 QString reasonWord(RepairReason reason)
@@ -77,7 +86,7 @@ QJsonObject toJson(const RepairReport &report)
 {
     QJsonArray outputs;
     for (const OutputReport &output : report.outputs) outputs.append(toJson(output));
-    return {
+    QJsonObject object{
         {"dqtReplaced", report.dqtReplaced},
         {"dhtReplaced", report.dhtReplaced},
         {"codesNeutralised", report.codesNeutralised},
@@ -90,4 +99,7 @@ QJsonObject toJson(const RepairReport &report)
         {"outputs", outputs},
         {"reason", reasonWord(report.reason)},
     };
+    // Where it is switched off, nothing of it is said.
+    if (report.salvage.ran || !report.salvage.passedOver.isEmpty()) object.insert("salvage", toJson(report.salvage));
+    return object;
 }

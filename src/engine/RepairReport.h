@@ -36,6 +36,20 @@ struct OutputReport
     QImage icon; ///< the judge's, null where there is no size
 };
 
+/// What deep salvage did for a file; see engine/DeepRoad.h.
+struct SalvageReport
+{
+    bool ran = false;  ///< it was switched on and wanted for this file
+    QString name;      ///< of its output, empty if there is none
+    QString path;      ///< where that lies in the working folder
+    QSize size;        ///< width and height that the judge found
+    QImage icon;       ///< the judge's
+    QStringList steps; ///< what was mended, in words that stay the same in every language
+    QString certainty; ///< "exact", "likely" or "guess"; empty if there is no output
+    qint64 milliseconds = 0;
+    QString passedOver; ///< why it didn't run though it was wanted, for instance "too-large"
+};
+
 struct RepairReport
 {
     int dqtReplaced = 0;
@@ -48,6 +62,7 @@ struct RepairReport
     QString decoderWarning;      ///< the decoder's first words about a rebuilt image
     bool tilesAlone = false; ///< a HEIC was written without its boxes, as these fit no known layout: nothing opens it
     QVector<OutputReport> outputs;
+    SalvageReport salvage;
     RepairReason reason = RepairReason::None;
 };
 

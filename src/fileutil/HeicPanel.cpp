@@ -36,7 +36,10 @@ QString problemText(const QString &problem)
         QT_TRANSLATE_NOOP("HeicProblem", "it isn't a HEIC, or holds image tiles alone"),
         QT_TRANSLATE_NOOP("HeicProblem", "the file holds image tiles alone, or isn't a rewritten one"),
         QT_TRANSLATE_NOOP("HeicProblem", "the index of the picture's tiles is broken"),
+        QT_TRANSLATE_NOOP("HeicProblem", "a box that describes the picture is broken"),
+        QT_TRANSLATE_NOOP("HeicProblem", "no item of the file puts the picture's tiles together"),
         QT_TRANSLATE_NOOP("HeicProblem", "the picture can't be decoded"),
+        QT_TRANSLATE_NOOP("HeicProblem", "the picture can't be written in this format"),
         QT_TRANSLATE_NOOP("HeicProblem", "the picture has more pixels than can be shown"),
         QT_TRANSLATE_NOOP("HeicProblem", "there is no memory for the picture"),
         QT_TRANSLATE_NOOP("HeicProblem", "the decoder broke off"),
@@ -255,5 +258,7 @@ void HeicPanel::saveAs()
         const QByteArray bytes = exportBytes(kind, m_path, m_decoded, problem);
         if (problem.isEmpty()) problem = replaceFile(target, bytes, m_path);
     }
-    if (!problem.isEmpty()) QMessageBox::warning(this, tr("Save as"), problemText(problem));
+    if (problem.isEmpty()) return;
+    problem = problemText(problem);
+    QMessageBox::warning(this, tr("Save as"), problem.left(1).toUpper() + problem.mid(1));
 }

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QColorSpace>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -43,10 +44,10 @@ QString replaceFile(const QString &target, const QByteArray &bytes, const QStrin
 {
     const QString standing = QFileInfo(target).canonicalFilePath();
     if (!standing.isEmpty() && standing == QFileInfo(source).canonicalFilePath())
-        return QStringLiteral("The file that is shown isn't replaced; choose another name.");
+        return QCoreApplication::translate("HeicPanel", "The file that is shown isn't replaced; choose another name.");
     QSaveFile file(target);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return {};
-    return QStringLiteral("'%1' can't be written: %2").arg(target, file.errorString());
+    return QCoreApplication::translate("HeicPanel", "'%1' can't be written: %2").arg(target, file.errorString());
 }
 
 QImage withProfile(const DecodedHeic &decoded)

@@ -169,7 +169,10 @@ void BrowseRepair::setTitleLabels()
 void BrowseRepair::Init()
 {
     CreateShortcuts();
-    if (!pApp->bChineseBuild) CreateMenuBar();
+    if (!pApp->bChineseBuild) {
+        CreateDeepSalvageAction();
+        CreateMenuBar();
+    }
     pBackDlg = new BackApplicationDlg(this);
     closeApp = new CloseApplicationDlg(this);
     stopDlgObj = new StopDlg(this);

@@ -1,7 +1,8 @@
 // The main window with its two pages, the file list and the results, and the driver of a run.
 // One class over several files by task: BrowseRepair.cpp (construction), Menus.cpp, FileIntake.cpp, RunStart.cpp,
 // RunDriver.cpp, SampleDriver.cpp and HeicSampleDriver.cpp (on the worker), RunEffects.cpp, Results.cpp, Preview.cpp,
-// Sample.cpp, StopBackClose.cpp, Saving.cpp, Language.cpp, Links.cpp (help and addresses), MoreTools.cpp.
+// Sample.cpp, DeepSalvage.cpp, StopBackClose.cpp, Saving.cpp, Language.cpp, Links.cpp (help and addresses),
+// MoreTools.cpp.
 //
 // The worker touches no widget and no member but m_plan: it posts effects, which run on the main thread in their order
 // and name a row by number. Effects of a run that Back or Close has ended do nothing. While the worker runs, the fields
@@ -28,10 +29,12 @@
 
 class AdvancedRepairDlg;
 class BackApplicationDlg;
+class DeepRoad;
 class DrgDrp;
 class MessageBox;
 class MyTreeWidget;
 class QAbstractButton;
+class QAction;
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -244,6 +247,17 @@ private:
     void showFilledList();
     void showListState();
 
+    // Deep salvage
+    /// The entry of both menu bars, switched as the preferences have it; the build fixed to Chinese has none.
+    void CreateDeepSalvageAction();
+    void nameDeepSalvageAction();
+    /// On the worker, behind the other ways and once their rows are posted: adds one more row if a salvage gives one.
+    void salvageRow(DeepRoad &deep, const RunRow &row, int number, FileOutcome &outcome);
+    void showSalvageStart(const QString &name);
+    void addSalvagedRow(QTreeWidgetItem *source, const OutputRow &output, const QString &text);
+    /// True for the row of a salvaged picture, whatever it is called in the language of the interface.
+    static bool isSalvaged(const QTreeWidgetItem *row);
+
     // A run: on the main thread
     void setUpResultTree();
     /// Widens the columns whose header has longer words than the columns were made for.
@@ -258,6 +272,7 @@ private:
     static QString typeText(const QString &type);
     void showRunStart();
     void showFileStart(const QString &name);
+    /// Tells what was done for a source, at its row, its button and its outputs; a salvaged one has words of its own.
     void setReportTip(QTreeWidgetItem *source, const QString &text);
     void finishStoppedRows();
     void finishRun();
@@ -274,12 +289,14 @@ private:
     void OnRepairRefrenceFile();
     void OnRepairHEICWithRefFiles();
     /// False if the user has asked to stop; the row then has the status of a stopped one.
-    bool repairRow(const RunRow &row, int number, unsigned int &buttonIndex);
+    bool repairRow(const RunRow &row, int number, unsigned int &buttonIndex, DeepRoad *deep);
     enum class SampleStep { Next, StopNoted, Leave };
     SampleStep repairRowWithSample(const RunRow &row, int number);
     /// False if a stop came between the outputs.
     bool postOutputs(const RunRow &row, const FileOutcome &outcome, unsigned int &buttonIndex);
     void postProgress(int number);
+    /// Moves the bar on to the file `number`, from 1.
+    void postStep(int number);
     void postStatus(int row, const char *status);
 
     // Results
@@ -324,6 +341,7 @@ private:
     QPointer<AdvancedRepairDlg> pAdvancedDlg;
     QMenuBar *pMenuBar = nullptr;
     QMenuBar *pMenuBar2 = nullptr;
+    QAction *m_deepSalvage = nullptr; ///< null in the build fixed to Chinese
     QPushButton *pMoreToolsBtn = nullptr;
     std::map<const QObject *, std::function<void()>> m_words;
     FramelessMove m_move;

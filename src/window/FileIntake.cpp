@@ -54,11 +54,10 @@ void BrowseRepair::AddFilesProcess()
     if (m_takingFiles) return;
     lstPendingPaths = fileChooser().openFiles(
         this, tr("Select one or more files to open"), QStringLiteral("/home"),
-        QStringLiteral(
-            "Images (*.jpg *.jpeg *.JPEG *.JPG *.NRW *.nrw *.cr2 *.CR2  *.CR3 *.cr3 *.ARW *.arw *.DNG *.dng *.ERF "
-            "*.erf "
-            "*.MRW *.mrw *.NEF *.nef *.ORF *.orf *.PEF *.pef *.RW2 *.rw2 *.SR2 *.sr2 *.SRF *.SRF *.RAF *.raf *.TIFF "
-            "*.tiff *.TIF *.tif *.CRW *.crw *.HEIC *.heic)"));
+        tr("Images")
+            + QStringLiteral(" (*.jpg *.jpeg *.JPEG *.JPG *.NRW *.nrw *.cr2 *.CR2  *.CR3 *.cr3 *.ARW *.arw *.DNG *.dng "
+                             "*.ERF *.erf *.MRW *.mrw *.NEF *.nef *.ORF *.orf *.PEF *.pef *.RW2 *.rw2 *.SR2 *.sr2 "
+                             "*.SRF *.SRF *.RAF *.raf *.TIFF *.tiff *.TIF *.tif *.CRW *.crw *.HEIC *.heic)"));
     if (lstPendingPaths.isEmpty()) {
         ui->RemovFileBtn->setEnabled(false);
         if (nFileCount == 0) {

@@ -51,7 +51,7 @@ void BrowseRepair::CreateMenuBar()
 {
     pMenuBar = new QMenuBar(ui->frame);
     pMenuBar->setObjectName(QStringLiteral("pMenuBar"));
-    fillMenuBar(pMenuBar, {"actionAdd", "actionRepair", "actionExit"}, 0);
+    fillMenuBar(pMenuBar, {"actionAdd", "actionRepair"}, 0);
 }
 
 void BrowseRepair::CreateMenuBar2()
@@ -59,7 +59,7 @@ void BrowseRepair::CreateMenuBar2()
     if (pMenuBar2) return;
     pMenuBar2 = new QMenuBar(ui->frame2);
     pMenuBar2->setObjectName(QStringLiteral("pMenuBar2"));
-    fillMenuBar(pMenuBar2, {"actionStop", "actionSave", "actionBack", "actionExit"}, 1);
+    fillMenuBar(pMenuBar2, {"actionStop", "actionSave", "actionBack"}, 1);
     pMenuBar2->show();
 }
 
@@ -68,7 +68,15 @@ void BrowseRepair::fillMenuBar(QMenuBar *bar, std::initializer_list<const char *
     bar->setNativeMenuBar(false);
     QMenu *file = bar->addMenu(QString());
     file->setObjectName(QStringLiteral("fileMenu"));
-    for (const char *name : fileActions) file->addAction(findChild<QAction *>(QString::fromLatin1(name)));
+    file->setToolTipsVisible(true);
+    const auto add = [this, file](const char *name) {
+        file->addAction(findChild<QAction *>(QString::fromLatin1(name)));
+    };
+    for (const char *name : fileActions) add(name);
+    file->addSeparator();
+    add("actionDeepSalvage");
+    file->addSeparator();
+    add("actionExit");
     addLanguageMenu(bar, number);
     addHelpMenu(bar);
     retranslateMenus();
@@ -137,4 +145,5 @@ void BrowseRepair::retranslateMenus()
     name("actionBack", tr("&Back"));
     name("actionExit", tr("E&xit"));
     name("actionHelp", tr("&Help"));
+    nameDeepSalvageAction();
 }

@@ -56,7 +56,53 @@ QString reasonWords(RepairReason reason)
     return {};
 }
 
+/// The words of a report of deep salvage, and what they are called for a person.
+constexpr struct
+{
+    const char *word;
+    const char *text;
+} kSalvageWords[] = {
+    {"transfer undone", QT_TRANSLATE_NOOP("ReportText", "text transfer undone")},
+    {"scan found", QT_TRANSLATE_NOOP("ReportText", "picture data found")},
+    {"frame mended", QT_TRANSLATE_NOOP("ReportText", "frame mended")},
+    {"interval found", QT_TRANSLATE_NOOP("ReportText", "restart interval found")},
+    {"tables known", QT_TRANSLATE_NOOP("ReportText", "Huffman tables taken from known ones")},
+    {"counts mended", QT_TRANSLATE_NOOP("ReportText", "Huffman counts mended")},
+    {"symbols searched", QT_TRANSLATE_NOOP("ReportText", "Huffman symbols found")},
+    {"size found", QT_TRANSLATE_NOOP("ReportText", "size found")},
+    {"quantization", QT_TRANSLATE_NOOP("ReportText", "quantization tables mended")},
+    {"codes mended", QT_TRANSLATE_NOOP("ReportText", "illegal codes mended")},
+    {"hits repaired", QT_TRANSLATE_NOOP("ReportText", "hit bytes repaired")},
+    {"interval resynchronised", QT_TRANSLATE_NOOP("ReportText", "restart intervals put in place")},
+    {"realigned", QT_TRANSLATE_NOOP("ReportText", "shifted parts moved back")},
+    {"exact", QT_TRANSLATE_NOOP("ReportText", "exact")},
+    {"likely", QT_TRANSLATE_NOOP("ReportText", "likely")},
+    {"guess", QT_TRANSLATE_NOOP("ReportText", "a guess")},
+};
+
+QString salvageWord(const QString &word)
+{
+    for (const auto &[known, text] : kSalvageWords)
+        if (word == QLatin1String(known)) return translated(text);
+    return word;
+}
+
 } // namespace
+
+QString salvageText(const SalvageReport &salvage)
+{
+    if (!salvage.passedOver.isEmpty())
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The file is too large for deep salvage."));
+    if (!salvage.ran) return {};
+    if (salvage.name.isEmpty())
+        return translated(QT_TRANSLATE_NOOP("ReportText", "Deep salvage found nothing better."));
+    const QString certainty = salvageWord(salvage.certainty);
+    if (salvage.steps.isEmpty()) return translated(QT_TRANSLATE_NOOP("ReportText", "Salvaged (%1)")).arg(certainty);
+    QStringList steps;
+    for (const QString &step : salvage.steps) steps << salvageWord(step);
+    return translated(QT_TRANSLATE_NOOP("ReportText", "Salvaged: %1 (%2)"))
+        .arg(steps.join(QLatin1String(", ")), certainty);
+}
 
 QString reportText(const FileOutcome &outcome)
 {
@@ -78,6 +124,8 @@ QString reportText(const FileOutcome &outcome)
     }
     const QString why = reasonWords(report.reason);
     if (!why.isEmpty()) lines << why;
+    const QString salvaged = salvageText(report.salvage);
+    if (!salvaged.isEmpty()) lines << salvaged;
     if (lines.isEmpty()) lines << translated(QT_TRANSLATE_NOOP("ReportText", "Nothing came out of this file."));
     return lines.join('\n');
 }

@@ -180,14 +180,17 @@ void BrowseRepair::OnThumbnailHideChkBox(bool checked)
             continue;
         }
         const bool repaired = hasStatus(row, {status::Repaired});
-        for (int i = 0; i < std::min(row->childCount(), 4); ++i) {
+        int place = 0;
+        for (int i = 0; i < row->childCount() && place < 4; ++i) {
             QTreeWidgetItem *child = row->child(i);
+            if (isSalvaged(child)) continue; // no thumbnail, and of no say in what the first one is
             const bool output = hasStatus(child, {status::Output});
             // The first row of a repaired source is its main image.
-            if (output && !(i == 0 && repaired))
+            if (output && !(place == 0 && repaired))
                 child->setHidden(true);
             else if (repaired)
                 child->setHidden(false);
+            ++place;
         }
     }
 }

@@ -1,12 +1,22 @@
 // The driver of a run. Everything here runs on the worker and touches no widget: effects are posted, in a fixed order.
 #include "app/StopFlag.h"
+#include "engine/DeepRoad.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/ReportText.h"
 
 #include <QTreeWidgetItem>
 
+#include <optional>
+
 namespace {
+
+QStringList pathsOf(const RunPlan &plan)
+{
+    QStringList paths;
+    for (const RunRow &row : plan.rows) paths << row.path;
+    return paths;
+}
 
 bool isJpeg(const QString &suffix)
 {
@@ -34,7 +44,12 @@ void BrowseRepair::RepairJpegFile()
 
     bool stopped = false;
     unsigned int buttonIndex = 0;
-    for (int i = 0; i < m_plan.rows.size() && !stopped; ++i) stopped = !repairRow(m_plan.rows[i], i + 1, buttonIndex);
+    std::optional<DeepRoad> deep;
+    if (m_plan.deepSalvage) deep.emplace(pathsOf(m_plan));
+    for (int i = 0; i < m_plan.rows.size() && !stopped; ++i)
+        stopped = !repairRow(m_plan.rows[i], i + 1, buttonIndex, deep ? &*deep : nullptr);
+    // A stop during the last file's salvage leaves that file as the other ways have finished it.
+    if (deep && stopRequested()) stopped = true;
     if (stopped) {
         setFlag(pApp->bRepairRunning, false);
         postToRun([this] { finishStoppedRows(); });
@@ -52,7 +67,7 @@ void BrowseRepair::RepairJpegFile()
     postToRun([this] { finishRun(); });
 }
 
-bool BrowseRepair::repairRow(const RunRow &row, int number, unsigned int &buttonIndex)
+bool BrowseRepair::repairRow(const RunRow &row, int number, unsigned int &buttonIndex, DeepRoad *deep)
 {
     const auto stop = [&] {
         postStatus(row.row, status::Stopped);
@@ -65,7 +80,7 @@ bool BrowseRepair::repairRow(const RunRow &row, int number, unsigned int &button
     if (!row.path.isEmpty()) {
         postProgress(number);
         if (stopRequested()) return stop();
-        postToRun([this, number] { emit SetFileProgressvalue(nSelectedCount == 1 ? 1 : unsigned(number)); });
+        postStep(number);
         outcome = repairOneFile(row.path);
         if (stopRequested()) return stop();
         if (outcome.statusCode == QLatin1String(status::Invalid)) {
@@ -78,10 +93,14 @@ bool BrowseRepair::repairRow(const RunRow &row, int number, unsigned int &button
     }
     if (!postOutputs(row, outcome, buttonIndex)) return stop();
     postToRun([this, row = row.row] { sourceRow(row)->setData(column::Name, Qt::CheckStateRole, QVariant()); });
-    if (!stopRequested()) return true;
-    postStatus(row.row, status::Stopped);
-    postToRun([this] { emit HideProgressBar(); });
-    return false;
+    if (stopRequested()) {
+        postStatus(row.row, status::Stopped);
+        postToRun([this] { emit HideProgressBar(); });
+        return false;
+    }
+    // What the other ways have made stands by now and stays, even if the salvage is stopped.
+    if (deep && !row.path.isEmpty()) salvageRow(*deep, row, number, outcome);
+    return true;
 }
 
 bool BrowseRepair::postOutputs(const RunRow &row, const FileOutcome &outcome, unsigned int &buttonIndex)
@@ -120,4 +139,9 @@ void BrowseRepair::postProgress(int number)
         emit ShowProgressLabel(
             tr("Repairing file ") + QString::number(number) + ' ' + tr("of") + ' ' + QString::number(total), percent);
     });
+}
+
+void BrowseRepair::postStep(int number)
+{
+    postToRun([this, number] { emit SetFileProgressvalue(nSelectedCount == 1 ? 1 : unsigned(number)); });
 }

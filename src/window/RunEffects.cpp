@@ -17,6 +17,7 @@ QString BrowseRepair::typeText(const QString &type)
     if (type == QLatin1String("Repaired")) return tr("Repaired");
     if (type == QLatin1String("Extracted")) return tr("Extracted");
     if (type == QLatin1String("Thumbnail")) return tr("Thumbnail");
+    if (type == QLatin1String("Salvaged")) return tr("Salvaged");
     return type;
 }
 
@@ -71,8 +72,11 @@ void BrowseRepair::setReportTip(QTreeWidgetItem *source, const QString &text)
     if (!source || text.isEmpty()) return;
     source->setToolTip(column::Name, text);
     source->setToolTip(column::Type, text);
-    for (int i = 0; i < source->childCount(); ++i)
-        for (int cell : {column::Name, column::Type, column::Resolution}) source->child(i)->setToolTip(cell, text);
+    for (int i = 0; i < source->childCount(); ++i) {
+        QTreeWidgetItem *output = source->child(i);
+        if (isSalvaged(output)) continue;
+        for (int cell : {column::Name, column::Type, column::Resolution}) output->setToolTip(cell, text);
+    }
     if (CustomButton *button = buttonOf(source)) button->setToolTip(text);
 }
 

@@ -18,7 +18,8 @@ struct RunPlan
 {
     quint64 run = 0; ///< number of the run that the plan belongs to
     QVector<RunRow> rows;
-    QString samplePath; ///< healthy file of a run with a sample
+    QString samplePath;       ///< healthy file of a run with a sample
+    bool deepSalvage = false; ///< as it was switched when the run started, whatever is chosen meanwhile
 };
 
 /// One source row and its button.

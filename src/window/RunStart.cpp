@@ -7,6 +7,7 @@
 #include "window/MyTreeWidget.h"
 #include "window/ui_BrowseRepairObj.h"
 
+#include <QAction>
 #include <QHeaderView>
 
 void BrowseRepair::OnSaveWindow()
@@ -126,6 +127,8 @@ void BrowseRepair::RepairFilesProcess()
 void BrowseRepair::startRun(RunPlan plan)
 {
     plan.run = ++m_run;
+    plan.deepSalvage = m_deepSalvage && pApp->bDeepSalvage;
+    if (m_deepSalvage) m_deepSalvage->setEnabled(false);
     afterRun([this, plan] {
         if (plan.run != m_run) return;
         m_plan = plan;
@@ -168,7 +171,9 @@ void BrowseRepair::OnWorkerLeft()
         m_afterRun.erase(m_afterRun.begin());
         task();
     }
-    if (!m_workerBusy) emit workerLeft();
+    if (m_workerBusy) return;
+    if (m_deepSalvage) m_deepSalvage->setEnabled(true);
+    emit workerLeft();
 }
 
 void BrowseRepair::runAside(std::function<void()> work)

@@ -277,6 +277,7 @@ void TestDialogs::nextLeadsToTheSample()
 
 void TestDialogs::browse_data()
 {
+    QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("asked");
@@ -284,18 +285,27 @@ void TestDialogs::browse_data()
     QTest::addColumn<bool>("forHeic");
     const QString jpeg = "Add File | /home | Images (*.JPEG *.JPG *.jpg *.jpeg )";
     const QString heic = "Add File | /home | Images (*.HEIC *.HEIF *.heic *.heif)";
-    QTest::newRow("JPEG") << "JPG"
+    QTest::newRow("JPEG") << ""
+                          << "JPG"
                           << "/card/good.jpg" << jpeg << true << false;
-    QTest::newRow("HEIC") << "heic"
+    QTest::newRow("HEIC") << ""
+                          << "heic"
                           << "/card/good.heic" << heic << false << true;
-    QTest::newRow("cancelled") << "jpg"
+    QTest::newRow("cancelled") << ""
+                               << "jpg"
                                << "" << jpeg << false << false;
+    QTest::newRow("in German") << "DE"
+                               << "JPG"
+                               << "/card/good.jpg"
+                               << "Datei hinzufügen | /home | Bilder (*.JPEG *.JPG *.jpg *.jpeg )" << true << false;
 }
 
 void TestDialogs::browse()
 {
+    QFETCH(QString, language);
     QFETCH(QString, suffix);
     QFETCH(QString, file);
+    const Spoken spoken(language);
     pApp->strFileSuffix = suffix;
     m_chooser.answers.push_back(QStringList{file});
     ReferenceFileDlg dialog;
@@ -424,7 +434,9 @@ void TestDialogs::longTextsFit()
 
     QCoreApplication::removeTranslator(&wordy);
     QTRY_COMPARE(before->windowTitle(), title);
-    QCOMPARE(before->size(), size);
+    // Heights of lines are rounded, not always to the same side.
+    QCOMPARE(before->width(), size.width());
+    QVERIFY(qAbs(before->height() - size.height()) <= 1);
 
     for (const QString &language : Spoken::all()) {
         const Spoken spoken(language);

@@ -11,8 +11,9 @@ namespace {
 
 const QString helpFolder = QStringLiteral(KESMIRA_SOURCE_DIR "/res/help");
 const QStringList languages{"DE", "EN", "ES", "FR", "IT"};
-const QStringList topics{"Add_JPEG_files",    "Extract_Thumbnail", "Halveon_Repair_for_Photo",   "Overview",
-                         "Repair_JPEG_files", "User_Interface",    "Preview_and_Save_JPEG_Files"};
+const QStringList topics{
+    "Add_JPEG_files", "Extract_Thumbnail", "Halveon_Repair_for_Photo", "Overview",
+    "Deep_salvage",   "Repair_JPEG_files", "User_Interface",           "Preview_and_Save_JPEG_Files"};
 
 QString textOf(const QString &path)
 {

@@ -7,10 +7,12 @@
 #include "desktop/Languages.h"
 #include "desktop/Look.h"
 #include "desktop/Paths.h"
+#include "support/Damage.h"
 #include "tables/TableLibrary.h"
 #include "window/Photos.h"
 #include "window/WindowRoom.h"
 
+#include <QAction>
 #include <QGraphicsView>
 #include <QLabel>
 #include <QTextStream>
@@ -174,6 +176,34 @@ void results(Album &album)
     album.close(room);
 }
 
+/// A picture that deep salvage alone wins, and one that it takes a while for.
+void deepSalvage(Album &album)
+{
+    WindowRoom room;
+    auto *entry = room.window->findChild<QAction *>("actionDeepSalvage");
+    entry->setChecked(true);
+    const QByteArray lost = makeJpeg(drawPicture(640, 480, 3), {.optimised = true});
+    const QByteArray large = makeJpeg(drawPicture(3200, 2400, 1), {.quality = 95, .optimised = true});
+    QStringList paths = samples(room);
+    paths.prepend(room.source("IMG_0409.JPG", Damage(lost).zero(at(0xFFC0), 2)));
+    paths << room.source("IMG_0415.JPG", Damage(large).zero(inScan(large.size() / 4), 3000));
+    room.add(paths);
+    room.click("StartRepairFilesBtn");
+    const auto *label = room.find<QLabel>("label_RepairFileName");
+    const auto atWork = [label] { return label->text().endsWith("IMG_0415.JPG"); };
+    album.check(QTest::qWaitFor(atWork, 60000), "a salvage");
+    album.take(room.window.get(), "run-salvage");
+    room.script.expect("StopDlg", "YesBtn");
+    room.click("StopRepairProcessBtn_2");
+    album.check(room.rest(), "the end of a stopped salvage");
+    if (QTreeWidgetItem *row = room.row("IMG_0409_salvaged.jpg", true)) room.clickRow(row);
+    auto *view = room.find<QGraphicsView>("graphicsView");
+    album.check(QTest::qWaitFor([view] { return view->isVisible(); }, 10000), "a salvaged picture");
+    album.take(room.window.get(), "results-salvaged");
+    entry->setChecked(false);
+    album.close(room);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -195,5 +225,6 @@ int main(int argc, char *argv[])
     fileList(album);
     if (all || help) run(album);
     results(album);
+    if (all) deepSalvage(album);
     return album.whole() ? 0 : 1;
 }

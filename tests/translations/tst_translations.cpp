@@ -1,5 +1,7 @@
 // The catalogues: every text of the source has its translation, and says it in the form of the source.
 
+#include "app/WorkingRoot.h"
+#include "support/Files.h"
 #include "support/Spoken.h"
 
 #include <QDir>
@@ -87,6 +89,9 @@ private slots:
     void formIsKept();
     void catalogueIsBuilt_data() { languages(); }
     void catalogueIsBuilt();
+    void reasonsAtTheStart_data() { languages(); }
+    void reasonsAtTheStart();
+    void reasonsOfTheHeicPanel();
 
 private:
     static void languages()
@@ -123,10 +128,13 @@ void TestTranslations::formIsKept()
     QFETCH(QString, language);
     QStringList wrong;
     const bool english = language == "EN";
+    // French sets a blank in front of these signs and inside its quotes, where no line may end.
+    static const QRegularExpression breakable(" [:;!?»]|« ");
     for (const Message &message : readMessages(file(language))) {
         for (const QString &translation : message.translations) {
-            const QString what = english && translation != message.source ? QString("not the source's")
-                                                                          : difference(message.source, translation);
+            QString what = english && translation != message.source ? QString("not the source's")
+                                                                    : difference(message.source, translation);
+            if (language == "FR" && translation.contains(breakable)) what = "blank that may break a line";
             if (!what.isEmpty()) wrong << what + ": \"" + translation + '"';
         }
     }
@@ -145,6 +153,47 @@ void TestTranslations::catalogueIsBuilt()
     QTranslator toolkit;
     QVERIFY(toolkit.load("qt_" + locale, QStringLiteral(KESMIRA_TRANSLATIONS "/") + language));
     QCOMPARE(toolkit.translate("QPlatformTheme", "Cancel").isEmpty(), language == "EN");
+}
+
+/// The reason why the working folder is unfit: one with the folder alone, one with the system's words too.
+void TestTranslations::reasonsAtTheStart()
+{
+    QFETCH(QString, language);
+    const Spoken spoken(language);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("50%2 off");
+    write(file, "no folder");
+    for (const QString &root : {file, file + "/below"}) {
+        setWorkingRoot(root);
+        const QString reason = prepareWorkingRoot();
+        setWorkingRoot({});
+        QVERIFY2(reason.contains(root), qPrintable(reason));
+        QCOMPARE(reason.contains("Not a directory"), root != file);
+        QCOMPARE(reason.startsWith("the working folder '"), language == "EN");
+    }
+}
+
+/// The parts of the panel give their reasons in English, and a list in the panel makes them translatable: none is missing.
+void TestTranslations::reasonsOfTheHeicPanel()
+{
+    QStringList known;
+    for (const Message &message : readMessages(file("DE")))
+        if (message.context == "HeicProblem") known << message.source;
+    QStringList sources{KESMIRA_SOURCE_DIR "/src/engine/heic/ReadingCopy.cpp"};
+    const QDir panel(KESMIRA_SOURCE_DIR "/src/fileutil");
+    for (const QString &name : panel.entryList({"*.cpp"})) sources << panel.filePath(name);
+    int found = 0;
+    for (const QString &source : sources) {
+        const QString code = QString::fromUtf8(contents(source));
+        auto it = QRegularExpression("(?:problem =|return) QStringLiteral\\(\\s*\"([a-z][^\"]+)\"").globalMatch(code);
+        while (it.hasNext()) {
+            const QString reason = it.next().captured(1);
+            if (reason == "the reading copy can't be written") continue; // the batch program's alone
+            QVERIFY2(known.contains(reason), qPrintable(source + ": " + reason));
+            ++found;
+        }
+    }
+    QVERIFY(found > 10);
 }
 
 QTEST_GUILESS_MAIN(TestTranslations)

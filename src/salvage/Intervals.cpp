@@ -1,0 +1,260 @@
+// Restart intervals: each is decoded for itself and put where its number says.
+#include "salvage/Mending.h"
+#include "salvage/ScanRepair.h"
+#include "salvage/Structure.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace salvage {
+
+namespace {
+
+constexpr size_t kMostToRepair = 60'000; // MCUs of the picture
+
+/// The data between two markers that are believed.
+struct Span
+{
+    size_t begin = 0;
+    size_t end = 0;
+    quint32 index = 0; ///< of the first interval in it
+    quint32 count = 1; ///< intervals that it should hold
+};
+
+struct Mark
+{
+    size_t at = 0;
+    quint32 number = 0; ///< 0 to 7
+};
+
+std::vector<Mark> marksIn(ByteView data)
+{
+    std::vector<Mark> marks;
+    for (size_t at = 0; at + 1 < data.size(); ++at) {
+        const void *found = std::memchr(data.data() + at, 0xFF, data.size() - at - 1);
+        if (!found) break;
+        at = size_t(static_cast<const quint8 *>(found) - data.data());
+        if (isRestart(data[at + 1])) marks.push_back({at, quint32(data[at + 1] & 7)});
+    }
+    return marks;
+}
+
+/// The markers that are believed, as far as one can tell by their numbers and by how far they stand apart: the chain in which
+/// most of them have their turn. Intervals have about the same length, so the bytes between two markers say how often the
+/// numbers went round.
+class MarkChain
+{
+public:
+    MarkChain(ByteView data, quint32 intervals)
+        : m_marks(marksIn(data)), m_size(data.size()), m_intervals(intervals),
+          m_usual(std::max(1.0, double(data.size()) / intervals))
+    {
+    }
+
+    std::vector<Span> spans();
+
+private:
+    /// A marker in its best chain so far.
+    struct Link
+    {
+        double score = -1e9;
+        quint32 index = 0; ///< of the interval that begins behind it
+        int before = -1;   ///< the marker before it in the chain, -1 for the start of the data
+    };
+
+    void extend(size_t i, quint32 index, size_t at, double score, int before);
+
+    std::vector<Mark> m_marks;
+    size_t m_size;
+    quint32 m_intervals;
+    double m_usual; // bytes of an interval
+    std::vector<Link> m_links;
+};
+
+/// Tries marker `i` behind one at `at` that begins interval `index`.
+void MarkChain::extend(size_t i, quint32 index, size_t at, double score, int before)
+{
+    const double expected = double(m_marks[i].at - at) / m_usual;
+    const quint32 least = (m_marks[i].number + 8 - index % 8) % 8 + 1;
+    for (quint32 step = least; step < expected + 16 && index + step < m_intervals; step += 8) {
+        const double strange = std::min(3.0, 0.3 * std::abs(expected - step)) + 0.1 * (step - 1);
+        const double own = score + 1 - strange;
+        if (own > m_links[i].score) m_links[i] = {own, index + step, before};
+    }
+}
+
+std::vector<Span> MarkChain::spans()
+{
+    constexpr size_t kReach = 40; // markers in a row that may be wrong
+    m_links.assign(m_marks.size(), {});
+    int last = -1;
+    double best = -0.3 * std::abs(double(m_intervals) - 1);
+    for (size_t i = 0; i < m_marks.size(); ++i) {
+        if (i < kReach) extend(i, 0, 0, 0, -1);
+        for (size_t k = i > kReach ? i - kReach : 0; k < i; ++k)
+            if (m_links[k].score > -1e8) extend(i, m_links[k].index, m_marks[k].at, m_links[k].score, int(k));
+        const double rest = double(m_size - m_marks[i].at) / m_usual - (m_intervals - m_links[i].index);
+        const double own = m_links[i].score - std::min(3.0, 0.3 * std::abs(rest));
+        if (own <= best) continue;
+        best = own;
+        last = int(i);
+    }
+    std::vector<Span> spans;
+    size_t end = m_size;
+    quint32 next = m_intervals;
+    for (int i = last; i >= 0; i = m_links[size_t(i)].before) {
+        const quint32 index = m_links[size_t(i)].index;
+        spans.push_back({m_marks[size_t(i)].at + 2, end, index, next - index});
+        end = m_marks[size_t(i)].at;
+        next = index;
+    }
+    spans.push_back({0, end, 0, next});
+    std::reverse(spans.begin(), spans.end());
+    return spans;
+}
+
+class Resynchroniser
+{
+public:
+    Resynchroniser(const Header &header, Budget &budget) : m_header(header), m_budget(budget)
+    {
+        m_header.restartInterval = 0;
+        m_interval = header.restartInterval;
+        m_work.picture = Coefficients(header);
+        m_work.have.resize(header.mcuCount());
+    }
+
+    void read(ByteView data, const Span &span);
+    void readFromEnd(ByteView data, const Span &span);
+    void repairHits(ByteView raw);
+    Patchwork take() { return std::move(m_work); }
+
+private:
+    quint32 wanted(quint32 interval) const
+    {
+        const quint64 first = quint64(interval) * m_interval;
+        return first >= m_work.have.size() ? 0 : quint32(std::min<quint64>(m_interval, m_work.have.size() - first));
+    }
+    Fit readOne(ByteView data, quint32 interval, std::vector<qint16> &values);
+    void put(quint32 interval, const std::vector<qint16> &values, quint32 mcus);
+
+    Header m_header; // without an interval: each is a scan of its own
+    Budget &m_budget;
+    quint32 m_interval = 0;
+    Patchwork m_work;
+    std::vector<Span> m_broken; // whose first interval can't be read to its end
+};
+
+Fit Resynchroniser::readOne(ByteView data, quint32 interval, std::vector<qint16> &values)
+{
+    DecodeWish wish;
+    wish.mcus = wanted(interval);
+    wish.values = &values;
+    return decode(m_header, data, m_budget, wish);
+}
+
+void Resynchroniser::put(quint32 interval, const std::vector<qint16> &values, quint32 mcus)
+{
+    const quint32 first = interval * m_interval;
+    std::copy_n(values.begin(), size_t(mcus) * size_t(m_work.picture.blocksPerMcu()) * 64, m_work.picture.mcu(first));
+    std::fill_n(m_work.have.begin() + first, mcus, true);
+}
+
+/// How many bytes may stand between two intervals whose marker isn't seen, the likeliest first.
+std::vector<size_t> bytesToPass(ByteView data, size_t at, quint32 interval)
+{
+    // An FF that no longer belongs to a marker has become FE.
+    const bool firstStands = at < data.size() && data[at] >= 0xFE;
+    const bool secondStands = at + 1 < data.size() && data[at + 1] == (0xD0 | ((interval + 7) & 7));
+    if (firstStands || secondStands) return {2, 0, 1, 3};
+    return {0, 2, 1, 3};
+}
+
+/// Reads the intervals of a span one behind the other: where a marker is hit its bytes are passed, where it is lost the next
+/// interval begins with the next byte.
+void Resynchroniser::read(ByteView data, const Span &span)
+{
+    size_t at = span.begin;
+    for (quint32 i = 0; i < span.count && !m_budget.stopped(); ++i) {
+        const quint32 interval = span.index + i;
+        if (wanted(interval) == 0 || at >= span.end) return;
+        std::optional<Fit> best;
+        std::vector<qint16> bestValues;
+        size_t bestAt = at;
+        bool bestEnds = false;
+        for (const size_t passed : i ? bytesToPass(data, at, interval) : std::vector<size_t>{0}) {
+            std::vector<qint16> values;
+            const Fit fit = readOne(slice(data, at + passed, span.end), interval, values);
+            const bool ends = i + 1 == span.count && at + passed + fit.end + 1 >= span.end;
+            if (best && (fit.done < best->done || (fit.done == best->done && (bestEnds || !ends)))) continue;
+            best = fit;
+            bestValues = std::move(values);
+            bestAt = at + passed;
+            bestEnds = ends;
+        }
+        const bool whole = best->error == Fit::Error::None;
+        // What doesn't begin where the last one ended is no interval.
+        if (whole || i == 0) put(interval, bestValues, best->done);
+        if (!whole) {
+            m_broken.push_back({at, span.end, interval, span.count - i});
+            readFromEnd(data, m_broken.back());
+            return;
+        }
+        at = bestAt + best->end;
+    }
+}
+
+/// Behind a broken interval the place of the next is lost; the last one of the span is the one that ends with it.
+void Resynchroniser::readFromEnd(ByteView data, const Span &span)
+{
+    constexpr size_t kMostPlaces = 3000;
+    if (span.count < 2 || span.end - span.begin > kMostPlaces) return;
+    const quint32 last = span.index + span.count - 1;
+    if (wanted(last) < 2) return;
+    std::vector<qint16> values;
+    for (size_t at = span.begin + 1; at + 2 < span.end && !m_budget.spent(); ++at) {
+        const Fit fit = readOne(slice(data, at, span.end), last, values);
+        if (fit.error != Fit::Error::None || at + fit.end + 1 < span.end) continue;
+        put(last, values, fit.done);
+        return;
+    }
+}
+
+/// Once more through the broken intervals of which both ends are known, with the others around them to fit to.
+void Resynchroniser::repairHits(ByteView raw)
+{
+    if (m_broken.empty() || m_work.have.size() > kMostToRepair) return;
+    ScanRepair repair(m_header, m_budget);
+    repair.work().picture.values.swap(m_work.picture.values);
+    for (quint32 mcu = 0; mcu < m_work.have.size(); ++mcu)
+        if (m_work.have[mcu]) repair.noteMcu(mcu);
+    for (const Span &span : m_broken) {
+        const quint32 first = span.index * m_interval;
+        const quint32 count = wanted(span.index);
+        if (span.count > 1 || count < 2 || m_budget.spent()) continue;
+        repair.run(slice(raw, span.begin, span.end), first, count);
+    }
+    m_work = std::move(repair.work());
+}
+
+} // namespace
+
+std::optional<Patchwork> resynchronise(const Header &header, const ScanData &scan, Budget &budget)
+{
+    const ByteView data = view(scan.bytes);
+    if (header.restartInterval == 0 || !header.decodable()) return std::nullopt;
+    const quint32 intervals = (header.mcuCount() + header.restartInterval - 1) / header.restartInterval;
+    const std::vector<Span> spans = MarkChain(data, intervals).spans();
+    Resynchroniser reader(header, budget);
+    for (const Span &span : spans) {
+        if (budget.stopped()) break;
+        reader.read(data, span);
+    }
+    reader.repairHits(scan.raw);
+    Patchwork work = reader.take();
+    if (work.share() <= 0) return std::nullopt;
+    return work;
+}
+
+} // namespace salvage

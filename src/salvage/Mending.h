@@ -1,0 +1,52 @@
+// Damage in the entropy data of a baseline scan: what lies behind an error is found again and put where it belongs.
+#pragma once
+
+#include "salvage/Picture.h"
+#include "salvage/Search.h"
+
+#include <optional>
+
+namespace salvage {
+
+/// A scan that was written anew.
+struct Mended
+{
+    Header header; ///< with the tables of Annex K and no restart interval
+    QByteArray data;
+    Step step = Step::Realigned;
+    double share = 0; ///< of the MCUs that were read; the others have the levels of what is around them
+};
+
+/// The picture as a decoder shows it that goes on behind errors. The header's size must fit the memory.
+Coefficients pictureAsShown(const Header &header, ByteView data, Budget &budget);
+
+/// Mends a scan whose header is right, quantization included: by restart intervals where the header has one, else by how
+/// the edges of the blocks fit. Nothing where the plain decode looks as good, and for more than 60,000 MCUs without intervals.
+std::optional<Mended> mendScan(const Header &header, const ScanData &data, Budget &budget);
+
+/// A picture with holes.
+struct Patchwork
+{
+    Coefficients picture;
+    std::vector<bool> have; ///< by MCU
+    double share() const;
+};
+/// Gives the holes the levels (DC) of what lies above and below them, by their distance; the left neighbour's where there
+/// is neither.
+void fillHoles(Patchwork &work);
+
+/// Each restart interval decoded for itself and put where its marker's number says; markers that are hit or lost are found
+/// by where the data of an interval end; single hits within an interval are repaired. Nothing where none could be read.
+std::optional<Patchwork> resynchronise(const Header &header, const ScanData &data, Budget &budget);
+
+/// How realign() looks for what fits.
+struct RealignWay
+{
+    bool longWindow = false; ///< compares up to 48 MCUs instead of 40 at the most, and as many as a row has
+    bool knownShift = false; ///< the MCUs at the end of the data are the last of the picture
+};
+/// Reads on behind each error, and where the top edges of MCUs stop fitting the bottom edges above them finds the place, the
+/// shift in MCUs and the levels of the components by which they fit again. Nothing where nothing was moved.
+std::optional<Patchwork> realign(const Header &header, ByteView data, RealignWay way, Budget &budget);
+
+} // namespace salvage

@@ -1,0 +1,158 @@
+#include "salvage/OnePicture.h"
+
+#include "salvage/Mending.h"
+#include "salvage/Quantization.h"
+#include "salvage/ScansSearch.h"
+#include "salvage/Search.h"
+
+#include <algorithm>
+
+namespace salvage {
+
+namespace {
+
+/// The parts of a picture on their way into a file.
+struct Parts
+{
+    Solution solution;
+    QByteArray data;
+    QuantOutcome quant;
+    bool realigned = false;
+};
+
+QByteArray fileOf(const Parts &parts)
+{
+    QByteArray file = parts.solution.header.bytes(true);
+    file.reserve(file.size() + parts.data.size() + 2);
+    return file.append(parts.data).append("\xFF\xD9", 2);
+}
+
+/// The picture for questions of looks; decoded when it is first asked for.
+class LazyPicture
+{
+public:
+    LazyPicture(const Solution &solution, ByteView data, Budget &budget, bool severalScans)
+        : m_solution(solution), m_data(data), m_budget(budget), m_severalScans(severalScans)
+    {
+    }
+
+    std::pair<const Coefficients *, quint32> operator()()
+    {
+        if (!m_solution.header.fitsMemory() || m_budget.stopped()) return {nullptr, 0};
+        if (m_picture.values.empty()) decodeIt();
+        return {&m_picture, m_rows};
+    }
+
+private:
+    void decodeIt()
+    {
+        const Header &header = m_solution.header;
+        if (m_severalScans) {
+            m_picture = readScans(header, m_data, m_budget).picture;
+            m_rows = m_picture.mcusHigh;
+            return;
+        }
+        m_picture = Coefficients(header);
+        const size_t size = m_picture.values.size();
+        DecodeWish wish;
+        wish.values = &m_picture.values;
+        const Fit fit = decode(header, m_data, m_budget, wish);
+        m_picture.values.resize(size);
+        m_rows = std::max(1U, fit.done / std::max(1U, m_picture.mcusWide));
+    }
+
+    const Solution &m_solution;
+    ByteView m_data;
+    Budget &m_budget;
+    bool m_severalScans;
+    Coefficients m_picture;
+    quint32 m_rows = 0;
+};
+
+Certainty certaintyOf(const Parts &parts)
+{
+    const auto &steps = parts.solution.steps;
+    const bool sizeFromShape = parts.solution.sizeByCount;
+    const bool quantGuessed = parts.quant.replaced > parts.quant.sure;
+    if (parts.realigned || quantGuessed || sizeFromShape) return Certainty::Guess;
+    if (parts.solution.fit.perfect && parts.quant.replaced == 0 && !steps.count(Step::CodesMended))
+        return Certainty::Exact;
+    return parts.solution.fit.perfect || parts.solution.fit.share > 0.97 ? Certainty::Likely : Certainty::Guess;
+}
+
+Result resultOf(Parts &&parts)
+{
+    Result result;
+    result.file = fileOf(parts);
+    result.width = parts.solution.header.width;
+    result.height = parts.solution.header.height;
+    result.steps.assign(parts.solution.steps.begin(), parts.solution.steps.end());
+    result.certainty = certaintyOf(parts);
+    result.share = parts.solution.fit.share;
+    result.perfect = parts.solution.fit.perfect;
+    result.realigned = parts.realigned;
+    result.quantSure = parts.quant.sure > 0;
+    result.sizeFound = parts.solution.sizeFound;
+    return result;
+}
+
+/// Damage in the entropy data: what lies behind it is put where it belongs, if that looks better than leaving it.
+void mendData(Parts &parts, const ScanData &data, Budget &budget)
+{
+    const auto &steps = parts.solution.steps;
+    const bool ownSize = !steps.count(Step::SizeFound) && !steps.count(Step::SymbolsSearched);
+    if (parts.solution.fit.perfect || parts.solution.fit.share <= 0 || !ownSize) return;
+    std::optional<Mended> mended = mendScan(parts.solution.header, data, budget);
+    if (!mended) return;
+    parts.solution.header = std::move(mended->header);
+    parts.data = std::move(mended->data);
+    parts.solution.steps.insert(mended->step);
+    parts.solution.fit.share = std::max(parts.solution.fit.share, mended->share);
+    parts.realigned = true;
+}
+
+std::optional<Parts> salvageBaseline(ByteView file, const Candidate &candidate, const Draft &draft,
+                                     const KnownTables &known, Budget &budget)
+{
+    const ScanData data = takeScanData(file, candidate.scan, draft, budget);
+    std::optional<Solution> solution = solveBaseline(draft, data, known, budget);
+    if (!solution) return std::nullopt;
+    Parts parts;
+    parts.solution = std::move(*solution);
+    if (data.codesMended) parts.solution.steps.insert(Step::CodesMended);
+    LazyPicture picture(parts.solution, view(data.bytes), budget, false);
+    parts.quant = chooseQuant(parts.solution.header, draft, known, std::ref(picture));
+    parts.data = data.bytes;
+    mendData(parts, data, budget);
+    return parts;
+}
+
+std::optional<Parts> salvageScans(ByteView file, const Candidate &candidate, const Draft &draft,
+                                  const KnownTables &known, Budget &budget)
+{
+    const ByteView data = scansData(file, candidate);
+    std::optional<Solution> solution = solveScans(draft, data, budget);
+    if (!solution) return std::nullopt;
+    Parts parts;
+    parts.solution = std::move(*solution);
+    LazyPicture picture(parts.solution, data, budget, true);
+    parts.quant = chooseQuant(parts.solution.header, draft, known, std::ref(picture));
+    parts.data = toBytes(data);
+    return parts;
+}
+
+} // namespace
+
+std::optional<Result> salvageOne(ByteView file, const Candidate &candidate, const KnownTables &known, Budget &budget)
+{
+    const Draft draft = draftHeader(file, candidate, known, budget);
+    const bool severalScans = draft.progressive || draft.severalScans;
+    std::optional<Parts> parts = severalScans ? salvageScans(file, candidate, draft, known, budget)
+                                              : salvageBaseline(file, candidate, draft, known, budget);
+    if (!parts) return std::nullopt;
+    parts->solution.steps.insert(draft.steps.begin(), draft.steps.end());
+    if (parts->quant.replaced) parts->solution.steps.insert(Step::Quantization);
+    return resultOf(std::move(*parts));
+}
+
+} // namespace salvage

@@ -1,0 +1,383 @@
+// Realigning a scan without restart intervals by the edges of its MCUs.
+#include "salvage/Mending.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+namespace salvage {
+
+namespace {
+
+constexpr int kMostEvents = 400;
+constexpr int kMilliseconds = 1'500; // of one way
+
+using Levels = std::array<float, 4>;
+
+/// Top and bottom rows of samples of every MCU of the stream.
+class Edges
+{
+public:
+    Edges(const Header &header, const Coefficients &shape, const std::vector<qint16> &values, quint32 mcus)
+        : m_components(shape.sampling.size())
+    {
+        for (size_t c = 0; c < m_components; ++c) {
+            m_begin.at(c + 1) = m_begin.at(c) + size_t(shape.sampling[c].h) * 8;
+        }
+        m_top.resize(size_t(mcus) * width());
+        m_bottom.resize(size_t(mcus) * width());
+        const size_t mcuValues = size_t(shape.blocksPerMcu()) * 64;
+        for (quint32 mcu = 0; mcu < mcus; ++mcu) {
+            for (size_t c = 0; c < m_components; ++c) {
+                const QuantTable &quant = header.quant.at(header.components[c].quant);
+                const Component &factors = shape.sampling[c];
+                const qint16 *first = values.data() + mcu * mcuValues + size_t(shape.firstBlock(c)) * 64;
+                const qint16 *last = first + (factors.v - 1) * factors.h * 64;
+                for (size_t h = 0; h < factors.h; ++h) {
+                    put(m_top, mcu, m_begin.at(c) + h * 8, edgeRow(first + h * 64, quant, 0));
+                    put(m_bottom, mcu, m_begin.at(c) + h * 8, edgeRow(last + h * 64, quant, 7));
+                }
+            }
+        }
+    }
+
+    size_t components() const { return m_components; }
+    size_t width() const { return m_begin.at(m_components); }
+    size_t lumaWidth() const { return m_begin[1]; }
+
+    /// Mean difference of each component between the top of one MCU and the bottom of another, `offset` added to that.
+    Levels levels(quint32 lower, quint32 upper, const Levels &offset) const
+    {
+        Levels levels{};
+        const float *top = m_top.data() + lower * width();
+        const float *bottom = m_bottom.data() + upper * width();
+        for (size_t c = 0; c < m_components; ++c) {
+            float sum = 0;
+            for (size_t i = m_begin.at(c); i < m_begin.at(c + 1); ++i) sum += top[i] - bottom[i];
+            levels.at(c) = sum / float(m_begin.at(c + 1) - m_begin.at(c)) - offset.at(c);
+        }
+        return levels;
+    }
+    /// Mean size of the difference of the luminance, `level` taken off.
+    float apart(quint32 lower, quint32 upper, float level) const
+    {
+        const float *top = m_top.data() + lower * width();
+        const float *bottom = m_bottom.data() + upper * width();
+        float sum = 0;
+        for (size_t i = 0; i < lumaWidth(); ++i) sum += std::abs(top[i] - bottom[i] - level);
+        return sum / float(lumaWidth());
+    }
+
+private:
+    void put(std::vector<float> &edges, quint32 mcu, size_t at, const std::array<float, 8> &row) const
+    {
+        std::copy(row.begin(), row.end(), edges.begin() + qptrdiff(mcu * width() + at));
+    }
+
+    size_t m_components;
+    std::array<size_t, 5> m_begin{};
+    std::vector<float> m_top;
+    std::vector<float> m_bottom;
+};
+
+float median(std::vector<float> values)
+{
+    if (values.empty()) return 0;
+    const auto middle = values.begin() + qptrdiff(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// How well MCUs of the stream fit below those that are placed already.
+struct FitBelow
+{
+    double residual = 0;
+    Levels offset{}; ///< by which the components have to be lifted
+};
+
+class Realigner
+{
+public:
+    Realigner(const Header &header, ByteView data, RealignWay way, Budget &budget);
+
+    std::optional<Patchwork> run();
+
+private:
+    struct Move
+    {
+        double residual = 0;
+        qint64 shift = 0; ///< beside the one in force
+        Levels offset{};
+        qint64 from = 0; ///< index in the stream from which on it fits
+    };
+
+    qint64 above(qint64 place) const
+    {
+        const qint64 at = place - m_wide;
+        return at >= 0 && at < m_total ? m_streamAt[size_t(at)] : -1;
+    }
+    std::optional<FitBelow> fitBelow(qint64 from, qint64 shift, qint64 count) const;
+    bool breaksAt(qint64 index) const;
+    std::optional<Move> findMove(qint64 index) const;
+    void considerShifts(qint64 index, qint64 gap, std::optional<Move> &best) const;
+    bool isDamage(const Move &move, qint64 index) const;
+    bool stays(const Move &move) const;
+    void keepWhatFits(qint64 from, qint64 to);
+    void place(qint64 index);
+    void apply(const Move &move, qint64 index);
+    Patchwork collect() const;
+    bool outOfTime() const { return m_budget.spent() || m_budget.elapsed() - m_begin > kMilliseconds; }
+
+    const Header &m_header;
+    Budget &m_budget;
+    int m_begin;
+    Coefficients m_shape;
+    std::vector<qint16> m_values;
+    std::vector<bool> m_bad;
+    qint64 m_mcus = 0;  // in the stream
+    qint64 m_total = 0; // in the picture
+    qint64 m_wide = 0;
+    qint64 m_window = 0;
+    qint64 m_lastShift = 0; // that puts the end of the stream at the end of the picture, where it is known
+    bool m_knowsLastShift = false;
+    std::optional<Edges> m_edges;
+    float m_usual = 0;              // difference of neighbours where all is in order
+    float m_limit = 0;              // above it they don't fit
+    std::vector<qint64> m_streamAt; // by place in the picture: index in the stream, -1 for a hole
+    std::vector<Levels> m_offset;   // by index in the stream
+    qint64 m_shift = 0;
+    Levels m_level{};
+    int m_moves = 0;
+};
+
+Realigner::Realigner(const Header &header, ByteView data, RealignWay way, Budget &budget)
+    : m_header(header), m_budget(budget), m_begin(budget.elapsed()), m_shape(header)
+{
+    m_total = m_shape.mcuCount();
+    m_wide = m_shape.mcusWide;
+    m_mcus =
+        decodeTolerantly(header, data, quint32(m_total + std::max<qint64>(64, m_total / 4)), budget, m_values, m_bad);
+    const qint64 window = way.longWindow ? std::clamp<qint64>(m_wide, 16, 48) : std::clamp<qint64>(m_wide / 2, 10, 40);
+    m_window = window;
+    m_knowsLastShift = way.knownShift;
+    m_lastShift = m_total - m_mcus;
+    if (m_mcus < m_wide + 2) return;
+    m_edges.emplace(header, m_shape, m_values, quint32(m_mcus));
+    std::vector<float> differences;
+    for (qint64 i = m_wide; i < m_mcus; ++i) differences.push_back(m_edges->apart(quint32(i), quint32(i - m_wide), 0));
+    m_usual = std::clamp(median(std::move(differences)), 1.0F, 20.0F);
+    m_limit = std::max(3 * m_usual, m_usual + 10);
+    m_streamAt.assign(size_t(m_total), -1);
+    m_offset.resize(size_t(m_mcus));
+}
+
+std::optional<FitBelow> Realigner::fitBelow(qint64 from, qint64 shift, qint64 count) const
+{
+    count = std::min(count, m_mcus - from);
+    if (count < 3) return std::nullopt;
+    std::array<std::pair<quint32, quint32>, 48> pairs;
+    std::array<Levels, 48> levels;
+    size_t n = 0;
+    for (qint64 i = from; i < from + count; ++i) {
+        const qint64 upper = above(i + shift);
+        if (upper < 0) continue;
+        pairs.at(n) = {quint32(i), quint32(upper)};
+        levels.at(n) = m_edges->levels(quint32(i), quint32(upper), m_offset[size_t(upper)]);
+        ++n;
+    }
+    if (n < size_t(std::max<qint64>(3, count / 2))) return std::nullopt;
+    FitBelow fit;
+    Levels middle{};
+    for (size_t c = 0; c < m_edges->components(); ++c) {
+        std::array<float, 48> values;
+        for (size_t i = 0; i < n; ++i) values.at(i) = levels.at(i).at(c);
+        std::nth_element(values.begin(), values.begin() + qptrdiff(n / 2), values.begin() + qptrdiff(n));
+        middle.at(c) = values.at(n / 2);
+        fit.offset.at(c) = -middle.at(c);
+    }
+    double luma = 0;
+    double chroma = 0;
+    for (size_t i = 0; i < n; ++i) {
+        const float offset = m_offset[pairs.at(i).second][0];
+        luma += std::min(m_edges->apart(pairs.at(i).first, pairs.at(i).second, offset + middle[0]), 4 * m_limit);
+        for (size_t c = 1; c < m_edges->components(); ++c) chroma += std::abs(levels.at(i).at(c) - middle.at(c));
+    }
+    const auto others = double(std::max<size_t>(1, m_edges->components() - 1));
+    fit.residual = luma / double(n) + chroma / (double(n) * others);
+    return fit;
+}
+
+/// True where the MCUs from `index` on no longer fit below what is there.
+bool Realigner::breaksAt(qint64 index) const
+{
+    constexpr qint64 kLook = 6;
+    constexpr int kMost = 4; // of them that have to say so
+    if (m_bad[size_t(index)]) return true;
+    if (index + m_shift < m_wide || index + kLook > m_mcus) return false;
+    std::vector<float> luma;
+    std::array<std::vector<float>, 4> levels;
+    int far = 0;
+    int veryFar = 0;
+    int coloured = 0;
+    for (qint64 i = index; i < index + kLook; ++i) {
+        const qint64 upper = above(i + m_shift);
+        if (upper < 0) continue;
+        Levels offset = m_offset[size_t(upper)];
+        for (size_t c = 0; c < 4; ++c) offset.at(c) -= m_level.at(c);
+        const Levels level = m_edges->levels(quint32(i), quint32(upper), offset);
+        const float apart = m_edges->apart(quint32(i), quint32(upper), offset[0]);
+        luma.push_back(apart);
+        far += apart > m_limit;
+        veryFar += apart > 2 * m_limit;
+        float most = 0;
+        for (size_t c = 0; c < m_edges->components(); ++c) {
+            levels.at(c).push_back(level.at(c));
+            if (c) most = std::max(most, std::abs(level.at(c)));
+        }
+        coloured += most > 7;
+    }
+    if (luma.size() < kMost) return false;
+    if (far >= kMost && (std::abs(median(levels[0])) > std::max(6.0F, 1.2F * m_usual) || veryFar >= kMost)) return true;
+    for (size_t c = 1; c < m_edges->components(); ++c)
+        if (std::abs(median(levels.at(c))) > 9 && coloured >= kMost) return true;
+    return false;
+}
+
+void Realigner::considerShifts(qint64 index, qint64 gap, std::optional<Move> &best) const
+{
+    const qint64 from = index + gap;
+    const qint64 reach = std::min<qint64>(m_wide, 48);
+    std::optional<Move> own;
+    const auto consider = [&](qint64 shift) {
+        const std::optional<FitBelow> fit = fitBelow(from, m_shift + shift, m_window);
+        if (!fit) return;
+        const bool isLast = m_knowsLastShift && m_shift + shift == m_lastShift;
+        const double weight = shift == 0 ? 1 : isLast ? 0.95 : 1.08 + 0.001 * double(std::abs(shift));
+        if (!own || fit->residual * weight < own->residual)
+            own = Move{fit->residual * weight, shift, fit->offset, from};
+    };
+    for (qint64 shift = -std::min<qint64>(gap + 8, 700); shift <= reach; ++shift) consider(shift);
+    const qint64 last = m_lastShift - m_shift;
+    if (m_knowsLastShift && last > reach && last <= 4 * reach) consider(last);
+    if (own && (!best || own->residual < best->residual * 0.85)) best = own;
+}
+
+/// The point behind a break from which on the stream fits again, with its shift and its levels.
+std::optional<Realigner::Move> Realigner::findMove(qint64 index) const
+{
+    std::optional<Move> best;
+    for (const qint64 gap : {1, 2, 3, 5, 8, 12, 18, 26, 40, 60, 90, 130, 190, 280, 400, 600}) {
+        if ((best && gap > 60 && best->residual < m_limit) || outOfTime()) break;
+        const qint64 from = index + gap;
+        if (from + 3 >= m_mcus) break;
+        const auto begin = m_bad.begin() + from;
+        const bool hurt = std::find(begin, begin + std::min(m_window, m_mcus - from), true)
+            != begin + std::min(m_window, m_mcus - from);
+        if (hurt && gap < 26) continue;
+        considerShifts(index, gap, best);
+        if (best && best->residual < 1.5 * m_usual + 2) break;
+    }
+    return best;
+}
+
+bool Realigner::stays(const Move &move) const
+{
+    if (move.shift != 0) return false;
+    float most = 0;
+    for (size_t c = 0; c < m_edges->components(); ++c)
+        most = std::max(most, std::abs(move.offset.at(c) - m_level.at(c)));
+    return most < 3;
+}
+
+void Realigner::place(qint64 index)
+{
+    const qint64 at = index + m_shift;
+    if (at < 0 || at >= m_total) return;
+    m_streamAt[size_t(at)] = index;
+    m_offset[size_t(index)] = m_level;
+}
+
+/// A bad place alone: what fits beside it stays.
+void Realigner::keepWhatFits(qint64 from, qint64 to)
+{
+    for (qint64 i = from; i < to; ++i) {
+        const qint64 upper = above(i + m_shift);
+        if (upper < 0 || m_bad[size_t(i)] || i + m_shift >= m_total) continue;
+        const float offset = m_offset[size_t(upper)][0] - m_level[0];
+        if (m_edges->apart(quint32(i), quint32(upper), offset) < m_limit) place(i);
+    }
+}
+
+void Realigner::apply(const Move &move, qint64 index)
+{
+    if (stays(move)) keepWhatFits(index + 1, move.from);
+    m_shift += move.shift;
+    m_level = move.offset;
+    ++m_moves;
+    for (qint64 at = std::max<qint64>(0, move.from + m_shift); at < m_total && m_streamAt[size_t(at)] >= 0; ++at)
+        m_streamAt[size_t(at)] = -1;
+}
+
+std::optional<Patchwork> Realigner::run()
+{
+    if (!m_edges) return std::nullopt;
+    int events = 0;
+    for (qint64 i = 0; i < m_mcus && i + m_shift < m_total;) {
+        if (i % 256 == 0 && m_budget.stopped()) return std::nullopt;
+        if (i + m_shift < 0) {
+            ++i;
+            continue;
+        }
+        if (events > kMostEvents || !breaksAt(i)) {
+            place(i++);
+            continue;
+        }
+        ++events;
+        const std::optional<Move> move = findMove(i);
+        if (!move || (move->residual > 2.5 * m_limit && !m_bad[size_t(i)])) {
+            place(i++);
+            continue;
+        }
+        if (stays(*move) && !m_bad[size_t(i)]) { // texture, not damage
+            for (; i < std::min(move->from, m_mcus); ++i) place(i);
+            continue;
+        }
+        apply(*move, i);
+        i = move->from;
+    }
+    if (m_moves == 0) return std::nullopt;
+    return collect();
+}
+
+Patchwork Realigner::collect() const
+{
+    Patchwork work;
+    work.picture = m_shape;
+    work.have.resize(size_t(m_total));
+    const size_t mcuValues = size_t(m_shape.blocksPerMcu()) * 64;
+    for (qint64 at = 0; at < m_total; ++at) {
+        const qint64 index = m_streamAt[size_t(at)];
+        if (index < 0) continue;
+        work.have[size_t(at)] = true;
+        qint16 *to = work.picture.mcu(quint32(at));
+        std::copy_n(m_values.begin() + qptrdiff(size_t(index) * mcuValues), mcuValues, to);
+        for (size_t c = 0; c < m_edges->components(); ++c) {
+            const float step = std::max<quint16>(1, m_header.quant.at(m_header.components[c].quant)[0]);
+            const auto lift = int(std::lround(m_offset[size_t(index)].at(c) * 8 / step));
+            const int first = m_shape.firstBlock(c);
+            for (int block = first; block < m_shape.firstBlock(c + 1); ++block)
+                to[block * 64] = qint16(std::clamp(to[block * 64] + lift, -2047, 2047));
+        }
+    }
+    return work;
+}
+
+} // namespace
+
+std::optional<Patchwork> realign(const Header &header, ByteView data, RealignWay way, Budget &budget)
+{
+    return Realigner(header, data, way, budget).run();
+}
+
+} // namespace salvage

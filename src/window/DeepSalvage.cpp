@@ -1,0 +1,89 @@
+// Deep salvage in the window: its entry in the menus, where the choice is kept, and its part of a run.
+#include "engine/DeepRoad.h"
+
+#include "app/StopFlag.h"
+#include "window/BrowseRepair.h"
+#include "window/MyTreeWidget.h"
+#include "window/ReportText.h"
+#include "window/ui_BrowseRepairObj.h"
+
+#include <QAction>
+#include <QSettings>
+
+namespace {
+
+class Preferences : public QSettings
+{
+public:
+    Preferences() : QSettings(QStringLiteral("vorlane"), QStringLiteral("KMPRepairPreferences")) {}
+};
+
+const QString kDeepSalvageKey = QStringLiteral("DeepSalvage");
+
+} // namespace
+
+void BrowseRepair::CreateDeepSalvageAction()
+{
+    pApp->bDeepSalvage = Preferences().value(kDeepSalvageKey, false).toBool();
+    m_deepSalvage = new QAction(this);
+    m_deepSalvage->setObjectName(QStringLiteral("actionDeepSalvage"));
+    m_deepSalvage->setCheckable(true);
+    m_deepSalvage->setChecked(pApp->bDeepSalvage);
+    connect(m_deepSalvage, &QAction::toggled, this, [](bool on) {
+        pApp->bDeepSalvage = on;
+        Preferences().setValue(kDeepSalvageKey, on);
+    });
+}
+
+void BrowseRepair::nameDeepSalvageAction()
+{
+    if (!m_deepSalvage) return;
+    const QString tip = tr("Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.");
+    m_deepSalvage->setText(tr("&Deep salvage"));
+    m_deepSalvage->setToolTip(tip);
+    m_deepSalvage->setStatusTip(tip);
+}
+
+bool BrowseRepair::isSalvaged(const QTreeWidgetItem *row)
+{
+    return row->data(column::Type, Qt::UserRole).toString() == QLatin1String("Salvaged");
+}
+
+void BrowseRepair::salvageRow(DeepRoad &deep, const RunRow &row, int number, FileOutcome &outcome)
+{
+    bool began = false;
+    deep.run(outcome, [&] {
+        began = true;
+        postToRun([this, name = row.name] { showSalvageStart(name); });
+    });
+    if (began) {
+        postToRun([this] { ui->progressBar_2->setRange(0, int(nSelectedCount)); });
+        postStep(number);
+        postProgress(number);
+    }
+    const QString text = salvageText(outcome.report.salvage);
+    if (stopRequested() || text.isEmpty()) return;
+    const OutputRows outputs = makeRows(outcome);
+    for (const OutputRow &output : outputs.rows)
+        if (output.type == QLatin1String("Salvaged"))
+            postToRun([this, row = row.row, output, text] { addSalvagedRow(sourceRow(row), output, text); });
+    postToRun([this, row = row.row, all = reportText(outcome)] { setReportTip(sourceRow(row), all); });
+}
+
+void BrowseRepair::showSalvageStart(const QString &name)
+{
+    // The label is not as long as names may be.
+    const QString lead = tr("Deep salvage: ");
+    const QFontMetrics metrics = ui->label_RepairFileName->fontMetrics();
+    const int room = ui->label_RepairFileName->width() - metrics.horizontalAdvance(lead);
+    emit ShowProgressLabel(lead + metrics.elidedText(name, Qt::ElideMiddle, room), ui->Percnt_Label->text());
+    // Nobody knows how long it takes: the bar moves without an end.
+    ui->progressBar_2->setRange(0, 0);
+}
+
+void BrowseRepair::addSalvagedRow(QTreeWidgetItem *source, const OutputRow &output, const QString &text)
+{
+    addOutputRow(source, output, true, true);
+    QTreeWidgetItem *row = source->child(source->childCount() - 1);
+    for (int cell : {column::Name, column::Type, column::Resolution}) row->setToolTip(cell, text);
+}
