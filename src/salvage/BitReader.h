@@ -67,7 +67,9 @@ public:
     /// Goes on in front of `offset`, where the last `bits` bits of the byte before it aren't taken yet.
     void jumpBefore(size_t offset, int bits)
     {
+        offset = std::min(offset, m_end);
         const bool stuffed = offset > 1 && m_data[offset - 1] == 0 && m_data[offset - 2] == 0xFF;
+        if (offset == 0) bits = 0;
         jumpTo(bits ? offset - (stuffed ? 2 : 1) : offset);
         if (bits) take(8 - bits);
     }

@@ -24,7 +24,9 @@ public:
     }
 
     /// True once the time or the decodes are used up, or a stop was asked for.
-    bool spent() const { return m_decodesUsed >= m_decodes || stopped() || elapsed() >= m_milliseconds; }
+    bool spent() const { return m_decodesUsed >= m_decodes || stopped() || late(); }
+    /// True once the time is used up.
+    bool late() const { return elapsed() >= m_milliseconds; }
     /// True once a stop was asked for; nothing that was found is wanted then.
     bool stopped() const { return m_stop && m_stop(); }
     void countDecode() { ++m_decodesUsed; }

@@ -12,6 +12,7 @@ namespace salvage {
 namespace {
 
 constexpr size_t kMostToRepair = 60'000; // MCUs of the picture
+constexpr int kMilliseconds = 5'000;     // for all intervals
 
 /// The data between two markers that are believed.
 struct Span
@@ -28,14 +29,18 @@ struct Mark
     quint32 number = 0; ///< 0 to 7
 };
 
-std::vector<Mark> marksIn(ByteView data)
+/// The restart markers, but none where there are more than `most`.
+std::vector<Mark> marksIn(ByteView data, size_t most, const Budget &budget)
 {
     std::vector<Mark> marks;
+    StopPoll poll(budget);
     for (size_t at = 0; at + 1 < data.size(); ++at) {
         const void *found = std::memchr(data.data() + at, 0xFF, data.size() - at - 1);
-        if (!found) break;
+        if (!found || poll.stopped()) break;
         at = size_t(static_cast<const quint8 *>(found) - data.data());
-        if (isRestart(data[at + 1])) marks.push_back({at, quint32(data[at + 1] & 7)});
+        if (!isRestart(data[at + 1])) continue;
+        marks.push_back({at, quint32(data[at + 1] & 7)});
+        if (marks.size() > most) return {};
     }
     return marks;
 }
@@ -46,9 +51,9 @@ std::vector<Mark> marksIn(ByteView data)
 class MarkChain
 {
 public:
-    MarkChain(ByteView data, quint32 intervals)
-        : m_marks(marksIn(data)), m_size(data.size()), m_intervals(intervals),
-          m_usual(std::max(1.0, double(data.size()) / intervals))
+    MarkChain(ByteView data, quint32 intervals, const Budget &budget)
+        : m_budget(budget), m_marks(marksIn(data, 2 * size_t(intervals) + 1000, budget)), m_size(data.size()),
+          m_intervals(intervals), m_usual(std::max(1.0, double(data.size()) / intervals))
     {
     }
 
@@ -65,6 +70,7 @@ private:
 
     void extend(size_t i, quint32 index, size_t at, double score, int before);
 
+    const Budget &m_budget;
     std::vector<Mark> m_marks;
     size_t m_size;
     quint32 m_intervals;
@@ -90,7 +96,8 @@ std::vector<Span> MarkChain::spans()
     m_links.assign(m_marks.size(), {});
     int last = -1;
     double best = -0.3 * std::abs(double(m_intervals) - 1);
-    for (size_t i = 0; i < m_marks.size(); ++i) {
+    StopPoll poll(m_budget);
+    for (size_t i = 0; i < m_marks.size() && !poll.stopped(); ++i) {
         if (i < kReach) extend(i, 0, 0, 0, -1);
         for (size_t k = i > kReach ? i - kReach : 0; k < i; ++k)
             if (m_links[k].score > -1e8) extend(i, m_links[k].index, m_marks[k].at, m_links[k].score, int(k));
@@ -245,10 +252,11 @@ std::optional<Patchwork> resynchronise(const Header &header, const ScanData &sca
     const ByteView data = view(scan.bytes);
     if (header.restartInterval == 0 || !header.decodable()) return std::nullopt;
     const quint32 intervals = (header.mcuCount() + header.restartInterval - 1) / header.restartInterval;
-    const std::vector<Span> spans = MarkChain(data, intervals).spans();
+    const std::vector<Span> spans = MarkChain(data, intervals, budget).spans();
     Resynchroniser reader(header, budget);
+    const int begin = budget.elapsed();
     for (const Span &span : spans) {
-        if (budget.stopped()) break;
+        if (budget.stopped() || budget.elapsed() - begin > kMilliseconds) break;
         reader.read(data, span);
     }
     reader.repairHits(scan.raw);

@@ -102,14 +102,34 @@ std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, do
     return written(header, std::move(*best), step);
 }
 
-/// The nearest MCU of the column with data, from `row` on in steps of `step`; -1 if there is none.
-qint64 nearest(const Patchwork &work, quint32 column, quint32 row, int step)
+/// Rows with data nearest to a hole, column by column and downwards.
+class NearestRows
 {
-    const qint64 wide = work.picture.mcusWide;
-    for (qint64 at = qint64(row) + step; at >= 0 && at < qint64(work.picture.mcusHigh); at += step)
-        if (work.have[size_t(at * wide + column)]) return at;
-    return -1;
-}
+public:
+    explicit NearestRows(const Patchwork &work)
+        : m_work(work), m_above(work.picture.mcusWide, -1), m_below(work.picture.mcusWide, -1)
+    {
+    }
+    /// To be told of every MCU with data, in order.
+    void pass(quint32 column, quint32 row) { m_above[column] = row; }
+    /// -1 if there is none.
+    qint64 above(quint32 column) const { return m_above[column]; }
+    qint64 below(quint32 column, quint32 row)
+    {
+        const qint64 high = m_work.picture.mcusHigh;
+        qint64 &at = m_below[column]; // the last answer, which holds until its row is reached
+        if (at <= qint64(row)) {
+            at = qint64(row) + 1;
+            while (at < high && !m_work.have[size_t(at) * m_work.picture.mcusWide + column]) ++at;
+        }
+        return at < high ? at : -1;
+    }
+
+private:
+    const Patchwork &m_work;
+    std::vector<qint64> m_above;
+    std::vector<qint64> m_below;
+};
 
 } // namespace
 
@@ -122,12 +142,16 @@ void fillHoles(Patchwork &work)
 {
     Coefficients &picture = work.picture;
     const int blocks = picture.blocksPerMcu();
+    NearestRows rows(work);
     for (quint32 index = 0; index < picture.mcuCount(); ++index) {
-        if (work.have[index]) continue;
         const quint32 column = index % picture.mcusWide;
         const quint32 row = index / picture.mcusWide;
-        const qint64 above = nearest(work, column, row, -1);
-        const qint64 below = nearest(work, column, row, 1);
+        if (work.have[index]) {
+            rows.pass(column, row);
+            continue;
+        }
+        const qint64 above = rows.above(column);
+        const qint64 below = rows.below(column, row);
         qint16 *const own = picture.mcu(index);
         std::fill_n(own, blocks * 64, qint16(0));
         const auto level = [&](qint64 from, int block) {

@@ -58,6 +58,14 @@ BorderSteps stepsOf(const Opened &opened, Budget &budget)
     return borderSteps(picture, opened.header, picture.mcusHigh);
 }
 
+/// True where the components have the same quantization tables.
+bool sameTables(const Header &a, const Header &b)
+{
+    return std::equal(
+        a.components.begin(), a.components.end(), b.components.begin(), b.components.end(),
+        [&](const Component &one, const Component &other) { return a.quant.at(one.quant) == b.quant.at(other.quant); });
+}
+
 bool worthInAnotherSize(const Result &result, const Opened &told, int toldBytes)
 {
     const quint64 pixels = quint64(result.width) * result.height;
@@ -74,7 +82,9 @@ bool worthAsClean(const Result &result, const Opened &own, const Opened &told, B
     if (!result.perfect || !own.canBeSeen() || !told.canBeSeen()) return false;
     const bool quantMended =
         std::find(result.steps.begin(), result.steps.end(), Step::Quantization) != result.steps.end();
-    if (!quantMended) return meanDifference(own.luminance(budget), told.luminance(budget)) > 0.5;
+    // The other ways know tables too, and may have made the same picture.
+    if (!quantMended || sameTables(own.header, told.header))
+        return meanDifference(own.luminance(budget), told.luminance(budget)) > 0.5;
     if (result.quantSure) return true;
     const BorderSteps mine = stepsOf(own, budget);
     const BorderSteps theirs = stepsOf(told, budget);

@@ -109,7 +109,7 @@ ScanRepair::ScanRepair(const Header &header, Budget &budget)
 
 bool ScanRepair::outOfTime() const
 {
-    return m_budget.stopped() || m_budget.elapsed() - m_begin > kMilliseconds;
+    return m_budget.stopped() || m_budget.late() || m_budget.elapsed() - m_begin > kMilliseconds;
 }
 
 void ScanRepair::noteMcu(quint32 index)
@@ -126,7 +126,7 @@ void ScanRepair::learnUsual(ByteView data)
     std::vector<qint16> values;
     std::vector<bool> bad;
     int codes = 0;
-    const QByteArray clean = cleanScan(data, m_header.restartInterval > 0, codes);
+    const QByteArray clean = cleanScan(data, m_header.restartInterval > 0, codes, m_budget);
     const quint32 read =
         decodeTolerantly(m_header, view(clean), std::min(kEnough, m_work.picture.mcuCount()), m_budget, values, bad);
     std::vector<McuEdge> edges;
