@@ -134,6 +134,19 @@ QByteArray emptyScan(quint8 approximation)
     return scan + QByteArray(60, '\x3F');
 }
 
+/// An MCU of a flat picture by the tables that QImage writes: size 0 and end of block, for six blocks.
+QByteArray goodMcu()
+{
+    return QByteArray("\x28\xA2\x8A\x00", 4);
+}
+
+QByteArray goodIntervals()
+{
+    QByteArray data;
+    for (int i = 0; i < 8; ++i) data.append("\xFF").append(char(0xD0 + i)).append(goodMcu());
+    return data;
+}
+
 QByteArray restartsInTurn()
 {
     QByteArray markers;
@@ -172,6 +185,9 @@ const std::vector<Hostile> &hostileFiles()
         {"intervals of FF D0", headerOf(1), QByteArray("\xFF\xD0"), {}},
         {"intervals in turn", headerOf(1), restartsInTurn(), {}},
         {"long intervals in turn", headerOf(1000), restartsInTurn(), {}},
+        {"intervals behind a good one", headerOf(1) + goodMcu(), QByteArray("\xFF\xD0"), {}},
+        {"intervals behind good ones", headerOf(1) + goodMcu(), goodIntervals(), {}},
+        {"hits", headerOf(0) + goodMcu(), QByteArray(300, '\x2A') + QByteArray("\xFF\x12", 2), {}},
         {"picture of zeros", headerOf(0), QByteArray(1, '\0'), {}},
         {"picture of FF FF", headerOf(0), QByteArray("\xFF"), {}},
         {"picture of noise", headerOf(0), QByteArray("\x5A\xC3\x71\x12\xE9\x7F\x0D", 7), {}},

@@ -92,7 +92,8 @@ void checkScans(const Header &header, ByteView data)
                == size_t(reading.picture.mcuCount()) * size_t(reading.picture.blocksPerMcu()) * 64,
            "not the shape of the frame");
     demand(pixels <= kSmall || reading.picture.values.empty(), "memory for a size that is only claimed");
-    if (header.progressive() || !inOrder(header) || reading.scans != 1) return;
+    // With restart markers the reader of a whole scan forgives bytes in front of them.
+    if (header.progressive() || header.restartInterval || !inOrder(header) || reading.scans != 1) return;
     std::vector<qint16> values;
     DecodeWish wish;
     wish.values = &values;

@@ -1,6 +1,6 @@
 // The parts of a damaged file as a salvage sees them: bodies, tables, segments, scans, the draft of a header. Whatever the
 // bytes are, nothing reaches out of the file, overlaps or goes backwards.
-// By hand: build/fuzz/fuzz/fuzz_salvage_structure -max_len=6000 CORPUS_FOLDER samples
+// By hand: build/fuzz/fuzz/fuzz_salvage_structure -max_len=3000 CORPUS_FOLDER samples
 #include "FuzzRun.h"
 
 #include "engine/DeepRoad.h"
@@ -36,8 +36,6 @@ void checkBody(ByteView body)
         for (const ReadTable &each : reading.tables) {
             demand(int(each.table.symbols.size()) == symbolCount(each.table.counts), "counts and symbols disagree");
             demand(stateOf(each.key, each.table, progressive) == each.state, "not the state of the table");
-            const Doubt doubt = doubtIn(each.key, each.table, progressive);
-            demand(doubt.doubtful.size() == each.table.symbols.size(), "doubts about symbols that aren't there");
             bytes += 17 + each.table.symbols.size();
         }
         for (const ByteView gap : reading.gaps) {
@@ -48,6 +46,11 @@ void checkBody(ByteView body)
             bytes += gap.size();
         }
         demand(bytes <= body.size(), "a byte belongs to two tables");
+        if (reading.tables.empty()) continue;
+        // One of them: the order of the symbols takes the square of their number.
+        const ReadTable &last = reading.tables.back();
+        const Doubt doubt = doubtIn(last.key, last.table, progressive);
+        demand(doubt.doubtful.size() == last.table.symbols.size(), "doubts about symbols that aren't there");
     }
 }
 
@@ -85,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const ByteView file(data, size);
     checkBody(slice(file, 0, 1500));
-    for (size_t at = 0, n = 0; at + 4 < size && n < 20; ++at) {
+    for (size_t at = 0, n = 0; at + 4 < size && n < 6; ++at) {
         if (data[at] != 0xFF || !isHeaderMarker(data[at + 1])) continue;
         checkBody(slice(file, at + 4, at + 2 + wordAt(file, at + 2)));
         ++n;
