@@ -115,8 +115,9 @@ bool ScanReader::prepare()
             std::find_if(components.begin(), components.end(), [&](const Component &c) { return c.id == each.id; });
         if (found == components.end()) return false;
         part.component = size_t(found - components.begin());
-        const bool dc = m_header.spectral[0] == 0 && m_header.spectral[2] >> 4 == 0;
-        const bool ac = m_header.spectral[1] > 0;
+        // Without progression these fields say nothing, spoilt or not.
+        const bool dc = !m_header.progressive() || (m_header.spectral[0] == 0 && m_header.spectral[2] >> 4 == 0);
+        const bool ac = !m_header.progressive() || m_header.spectral[1] > 0;
         for (const auto &[needed, key, decoder] :
              {std::tuple(dc, each.dcKey(), &part.dc), std::tuple(ac, each.acKey(), &part.ac)}) {
             const auto table = m_header.huffman.find(key);
@@ -136,9 +137,10 @@ bool ScanReader::prepare()
         m_unitsWide = blocks(m_header.width, own.h, m_header.mcuWidth());
         m_unitsHigh = blocks(m_header.height, own.v, m_header.mcuHeight());
     }
+    if (!m_header.progressive()) return true;
     const auto [start, end, approximation] = m_header.spectral;
-    if (start > end || end > 63 || (m_header.progressive() && start == 0 && end > 0)) return false;
-    return !m_header.progressive() || start == 0 || m_parts.size() == 1;
+    if (start > end || end > 63 || (start == 0 && end > 0)) return false;
+    return start == 0 || m_parts.size() == 1;
 }
 
 void ScanReader::restart()
@@ -370,7 +372,7 @@ ScansReading readScans(const Header &header, ByteView data, Budget &budget)
         }
         ++reading.scans;
         reading.end = end;
-        if (current.spectral[0] == 0) // a component without its levels is none
+        if (!current.progressive() || current.spectral[0] == 0) // a component without its levels is none
             for (const ScanComponent &each : current.scan) seen.insert(each.id);
         bool ended = end + 3 >= data.size();
         at = ended ? 0 : nextScan(current, data, end, ended);
