@@ -231,6 +231,7 @@ size_t Choice::mainEntry() const
               [this](size_t a, size_t b) { return m_entries[a].candidate.scan.at < m_entries[b].candidate.scan.at; });
     constexpr quint32 kThumbnail = 256;
     std::vector<Area> areas;
+    areas.reserve(first.size());
     for (const size_t i : first) areas.push_back(areaOf(m_file, m_entries[i].candidate.scan));
     for (size_t i = 0; i + 1 < first.size(); ++i) {
         const Area &area = areas[i];

@@ -258,7 +258,8 @@ double dqtScore(ByteView body)
 {
     constexpr size_t kTable = 65;
     if (body.empty() || body.size() % kTable || body.size() > 4 * kTable) return 0;
-    const double tables = double(body.size() / kTable);
+    const size_t count = body.size() / kTable;
+    const auto tables = double(count);
     double smooth = 0;
     double best = 0;
     double heads = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 namespace salvage {
 
@@ -22,7 +23,8 @@ struct Hole
 {
     HuffmanKey key = 0;
     size_t place = 0;
-    auto operator<=>(const Hole &) const = default;
+    bool operator==(const Hole &) const = default;
+    bool operator<(const Hole &other) const { return std::tie(key, place) < std::tie(other.key, other.place); }
 };
 
 struct State
