@@ -333,6 +333,9 @@ void TestSalvage::worthShowing_data()
     row("another picture of the same size", counts, makeJpeg(drawPicture(320, 240, 2), kOwn), true);
     const QByteArray first = damaged(kKnown).put(at(DQT) + 3, "\x90\x90\x90");
     row("a clean one with rough tables", first, first, true);
+    JpegOptions oneDqt = kKnown;
+    oneDqt.oneDqt = true;
+    row("the same, its tables mended too", first, jpeg(oneDqt), false);
     row("the source itself", whole, whole, false);
     // What was realigned only stands beside pictures with errors.
     const QByteArray lost = damaged(kKnown).remove(inScan(5000), 60);
