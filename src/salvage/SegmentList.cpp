@@ -103,8 +103,10 @@ void GapReader::findFrames()
     for (size_t at = m_from + 1; at + 9 <= m_to; ++at) {
         const quint8 length = m_file[at - 1];
         const quint8 components = m_file[at + 5];
-        if (m_file[at] != 8 || (length != 0x08 && length != 0x0B && length != 0x11 && length != 0x14)) continue;
-        if (components != 1 && components != 3 && components != 4) continue;
+        if (m_file[at] != 8 || (components != 1 && components != 3 && components != 4)) continue;
+        // The fields of three components are no chance even where the length is lost.
+        const bool lengthStands = length == 0x08 || length == 0x0B || length == 0x11 || length == 0x14;
+        if (!lengthStands && components != 3) continue;
         for (const size_t n : {3U, 1U, 4U}) {
             const size_t end = at + 6 + 3 * n;
             if (end > m_to || sofScore(slice(m_file, at, end)) < 1 || wordAt(m_file, at + 1) >= 30000) continue;
@@ -183,7 +185,7 @@ bool reclassify(Segment &segment, const KnownTables &known)
     for (const char *name : {"JFIF", "Adob", "Exif"})
         if (startsWith(segment.body, name)) return false;
     const BodyClass found = classify(segment.body, known);
-    if (found.score <= 0.8 || (found.marker == 0xDD && segment.marker != 0xDD)) return false;
+    if (found.score <= 0.8 || found.marker == 0xDD) return false;
     segment.marker = found.marker;
     segment.strong = false;
     return true;

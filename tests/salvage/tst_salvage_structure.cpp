@@ -10,7 +10,6 @@
 #include <QTest>
 
 #include <bit>
-#include <functional>
 
 using namespace salvage;
 using namespace words;
@@ -57,7 +56,6 @@ private slots:
     void tableStates_data();
     void tableStates();
     void oneCountIsMended();
-    void soundTablesAmongJunk();
     void roughValuesStandOut_data();
     void roughValuesStandOut();
     void encodersTablesAreSmooth();
@@ -72,12 +70,10 @@ void TestSalvageStructure::countsOfCodes_data()
     QTest::addColumn<QByteArray>("counts"); // the rest is 0
     QTest::addColumn<quint32>("sum");
     QTest::addColumn<bool>("one");
-    QTest::newRow("none") << QByteArray() << 0U << false;
     QTest::newRow("one code of one bit") << bytes({1}) << 32768U << true;
     QTest::newRow("both codes of one bit") << bytes({2}) << 65536U << false;
     QTest::newRow("more codes than there are") << bytes({3}) << 98304U << false;
     QTest::newRow("K.3, luminance DC") << bytes({0, 1, 5, 1, 1, 1, 1, 1, 1}) << 65536U - 128 << true;
-    QTest::newRow("two codes left") << bytes({0, 1, 5, 1, 1, 1, 1, 1, 0}) << 65536U - 256 << true;
     QTest::newRow("two of nine bits left") << bytes({0, 1, 5, 1, 1, 1, 1, 0, 2}) << 65536U - 256 << false;
     QTest::newRow("sixteen lengths") << QByteArray(16, 1) << 65535U << true;
 }
@@ -108,9 +104,6 @@ void TestSalvageStructure::tableStates_data()
     row("end-of-band run", 0x10, withSymbol(0x10, 5, 0x20), S::DoubtfulSymbols, false);
     row("end-of-band run, progressive", 0x10, withSymbol(0x10, 5, 0x20), S::Sound, true);
     row("a symbol twice", 0x11, withSymbol(0x11, 5, KnownTables::standard(0x11).symbols[9]), S::DoubtfulSymbols, false);
-    HuffmanTable table = KnownTables::standard(0x00);
-    table.symbols.pop_back();
-    row("a symbol less than counted", 0x00, table, S::DoubtfulCounts, false);
     row("no symbol", 0x00, {}, S::DoubtfulCounts, false);
     row("more codes than there are", 0x00, {{3}, {0, 1, 2}}, S::DoubtfulCounts, false);
     row("no code left", 0x00, {{1, 2}, {0, 1, 2}}, S::DoubtfulCounts, false);
@@ -150,24 +143,6 @@ void TestSalvageStructure::oneCountIsMended()
     QVERIFY(alone >= 60); // of 64
 }
 
-void TestSalvageStructure::soundTablesAmongJunk()
-{
-    const QByteArray first = dhtBody(0x10, KnownTables::standard(0x10));
-    const QByteArray second = dhtBody(0x01, KnownTables::standard(0x01));
-    const QByteArray body = junk(30) + first + junk(5, 2) + second + junk(9, 3);
-    const std::vector<PlacedTable> tables = soundTables(view(body));
-    QCOMPARE(int(tables.size()), 2);
-    QCOMPARE(tables[0].begin, size_t(30));
-    QCOMPARE(tables[0].end, size_t(30 + first.size()));
-    QCOMPARE(tables[0].key, HuffmanKey(0x10));
-    QVERIFY(tables[0].table == KnownTables::standard(0x10));
-    QCOMPARE(tables[1].begin, size_t(35 + first.size()));
-    QVERIFY(tables[1].table == KnownTables::standard(0x01));
-    QCOMPARE(tableAt(view(second), 0).end, size_t(second.size()));
-    QCOMPARE(tableAt(view(second.chopped(1)), 0).end, size_t(0));
-    QCOMPARE(tableAt(view(with(second, 0, 0x21)), 0).end, size_t(0));
-}
-
 void TestSalvageStructure::roughValuesStandOut_data()
 {
     QTest::addColumn<QuantTable>("table");
@@ -175,29 +150,17 @@ void TestSalvageStructure::roughValuesStandOut_data()
     QuantTable flat{};
     flat.fill(10);
     QTest::newRow("flat") << flat << quint64(0);
-    QTest::newRow("three times its neighbours") << [flat]() mutable {
-        flat[30] = 28;
-        return flat;
-    }() << quint64(0);
-    QTest::newRow("four and a half times") << [flat]() mutable {
-        flat[30] = 45;
-        return flat;
-    }() << (quint64(1) << 30);
-    QTest::newRow("a fifth, last") << [flat]() mutable {
-        flat.fill(100);
-        flat[63] = 20;
-        return flat;
-    }() << (quint64(1) << 63);
-    QTest::newRow("a fifth, first") << [flat]() mutable {
-        flat.fill(100);
-        flat[0] = 20;
-        return flat;
-    }() << quint64(1);
-    QTest::newRow("zero among ones") << [flat]() mutable {
-        flat.fill(1);
-        flat[7] = 0;
-        return flat;
-    }() << (quint64(1) << 7);
+    const auto row = [](const char *name, quint16 all, size_t place, quint16 value, quint64 rough) {
+        QuantTable table{};
+        table.fill(all);
+        table[place] = value;
+        QTest::newRow(name) << table << rough;
+    };
+    row("three times its neighbours", 10, 30, 28, 0);
+    row("four and a half times", 10, 30, 45, quint64(1) << 30);
+    row("a fifth, last", 100, 63, 20, quint64(1) << 63);
+    row("a fifth, first", 100, 0, 20, 1);
+    row("zero among ones", 1, 7, 0, quint64(1) << 7);
     for (size_t i = 20; i < 44; ++i) flat[i] = i % 2 ? 6 : 16; // none far off the middle, each a wide step
     QTest::newRow("a stretch of wide steps") << flat << (quint64(1) << 44) - (quint64(1) << 20);
 }
@@ -233,23 +196,16 @@ void TestSalvageStructure::scores_data()
     for (const QByteArray &each : bodiesOf(SOS, {.progressive = true}))
         row(qPrintable(QStringLiteral("SOS, progressive scan %1").arg(n++)), SOS, each, 1, 1);
     row("SOS, an id twice", SOS, with(scan, 3, scan[1]), 0.5, 0.99);
-    row("SOS, table 5", SOS, with(scan, 2, 0x50), 0.5, 0.99);
     row("SOS, counts four", SOS, with(scan, 0, 4), 0.5, 0.99);
-    row("SOS, ends before it starts", SOS, with(with(scan, 7, 60), 8, 20), 0.3, 0.99);
     row("SOS, a byte short", SOS, scan.chopped(1), 0, 0);
-    row("SOS, empty", SOS, {}, 0, 0);
     const QByteArray frame = bodiesOf(SOF0)[0];
     row("SOF of three", SOF0, frame, 1, 1);
     row("SOF of one", SOF0, bodiesOf(SOF0, {}, true)[0], 1, 1);
-    row("SOF of 4:4:4", SOF0, bodiesOf(SOF0, {.sampling = 444})[0], 1, 1);
-    row("SOF, nine bits", SOF0, with(frame, 0, 9), 0.5, 0.99);
     row("SOF, no width", SOF0, with(with(frame, 3, 0), 4, 0), 0.5, 0.99);
     row("SOF, sampling 3x3", SOF0, with(frame, 7, 0x33), 0.5, 0.99);
-    row("SOF, table 9", SOF0, with(frame, 8, 9), 0.5, 0.99);
     row("SOF, a byte more", SOF0, frame + 'x', 0, 0);
     row("DQT of one", DQT, bodiesOf(DQT, {.quality = 40})[0], 0.97, 1);
     row("DQT of two", DQT, bodiesOf(DQT, {.quality = 95, .oneDqt = true})[0], 0.97, 1);
-    row("DQT of three", DQT, bodiesOf(DQT, {.quality = 85, .quantTables = 3, .oneDqt = true})[0], 0.97, 1);
     row("DQT, random", DQT, junk(65), 0, 0.7);
     row("DQT, text", DQT, QByteArray("Copyright and all other rights by whoever took it in 1999, sold?!").left(65), 0,
         0.75);
@@ -257,7 +213,6 @@ void TestSalvageStructure::scores_data()
     const QByteArray tables = bodiesOf(DHT, {.oneDht = true})[0];
     row("DHT of four", DHT, tables, 1, 1);
     row("DHT of its own", DHT, bodiesOf(DHT, {.optimised = true})[1], 1, 1);
-    row("DHT, more behind", DHT, tables + junk(40), 0.9, 0.99);
     const QByteArray own = bodiesOf(DHT, {.optimised = true})[1];
     row("DHT of its own, a count wrong", DHT, with(own, 4, own[4] + 2), 0.6, 0.9);
     const QByteArray example = dhtBody(0x10, KnownTables::standard(0x10));
