@@ -40,12 +40,9 @@ void addOptions(QCommandLineParser &parser)
         {"readable",
          "Beside each repaired HEIC write NAME_readable.heic, the same picture in the strict form that most programs "
          "want."},
-        {
-            "deep",
-            "Try deep salvage too, for a JPEG whose main picture is missing or damaged. What it finds is saved beside "
-            "the "
-            "other results as NAME_salvaged.jpg; parts of it may be a guess.",
-        },
+        {"deep",
+         "Try deep salvage too, for a JPEG whose main picture is missing or damaged. What it finds is saved beside the "
+         "other results as NAME_salvaged.jpg; parts of it may be a guess."},
         {"work",
          "Work in DIR and leave all results there, in its folder RepairedFiles, which the next run empties. DIR is "
          "made "

@@ -34,10 +34,11 @@ public:
     explicit DeepRoad(const QStringList &sources);
 
     /// Salvages the source of `outcome`, which repairOneFile has just handed back: a JPEG that doesn't decode without an
-    /// error as it stands, and whose main output is missing or a thumbnail, has missing rows, an error in its entropy data
-    /// or a quantization table that looks damaged. A picture that is better than the main output is written to `<base>_salvaged.jpg` in the working folder, judged, and entered in
-    /// `outcome.report.salvage`; makeRows gives it a row of type "Salvaged". Asks stopRequested() all along; takes 12 s
-    /// at the most. Never throws, never writes the source.
+    /// error as it stands, and whose main output is missing or a thumbnail, has missing rows, an error in its entropy
+    /// data or a quantization table that looks damaged. A picture that is better than the main output is written to
+    /// `<base>_salvaged.jpg` in the working folder, judged, and entered in `outcome.report.salvage`; makeRows gives it a
+    /// row of type "Salvaged". Asks stopRequested() all along; takes 12 s at the most. Never throws, never writes the
+    /// source.
     /// `began`, if given, is called once, on the same thread, when the salvage itself begins; not for a file that needs
     /// none.
     void run(FileOutcome &outcome, const std::function<void()> &began = {});

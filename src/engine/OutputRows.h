@@ -10,8 +10,8 @@
 struct OutputRow
 {
     QString name; ///< without any "/"
-    QString
-        type; ///< "Repaired", "Extracted", "Thumbnail" or "Salvaged"; empty for a third picture of a raw file out of rank
+    /// "Repaired", "Extracted", "Thumbnail" or "Salvaged"; empty for a third picture of a raw file out of rank.
+    QString type;
     QString resolution; ///< height "x" width; "0x0" if the output doesn't decode
     QString path;       ///< where the output lies in the working folder; also the icon's and the preview's file
     bool thumbnail = false;

@@ -121,7 +121,7 @@ Fit decode(const Header &header, ByteView data, Budget &budget, const DecodeWish
         ++sinceRestart;
     }
     if (wish.values) wish.values->resize(size_t(fit.done) * mcuValues);
-    fit.symbols = mcus.symbols;
+    fit.symbols = mcus.symbols();
     fit.end = mcus.reader.position();
     conclude(fit, data.size());
     return fit;

@@ -27,11 +27,6 @@ std::vector<quint8> tableBytes(const HuffmanTable &table)
     return bytes;
 }
 
-bool isKey(quint8 byte)
-{
-    return (byte & 0xEC) == 0;
-}
-
 void addKnownReadings(ByteView gap, const KnownTables &known, std::vector<KeyedOption> &readings)
 {
     struct Match
@@ -48,7 +43,7 @@ void addKnownReadings(ByteView gap, const KnownTables &known, std::vector<KeyedO
     std::stable_sort(matches.begin(), matches.end(), [](const Match &a, const Match &b) { return a.same > b.same; });
     if (matches.size() > kMostReadings) matches.resize(kMostReadings);
     for (const Match &match : matches) {
-        const bool keyStands = isKey(gap[0]) && tableClass(gap[0]) == tableClass(match.known->key);
+        const bool keyStands = isHuffmanKey(gap[0]) && tableClass(gap[0]) == tableClass(match.known->key);
         readings.push_back({keyStands ? gap[0] : match.known->key, {match.known->table, TableOrigin::Known}});
     }
 }
@@ -160,7 +155,8 @@ std::vector<KeyedOption> readingsOf(ByteView gap, const KnownTables &known)
     const std::vector<Counts> mended = mendedCounts(counts, symbols);
     choices.insert(choices.end(), mended.begin(), mended.end());
     const bool isDc = symbols <= 16 && std::all_of(text.begin(), text.end(), [](quint8 value) { return value <= 11; });
-    const HuffmanKey key = isKey(gap[0]) && (tableClass(gap[0]) == 0) == isDc ? gap[0] : quint8(isDc ? 0x00 : 0x10);
+    const HuffmanKey key =
+        isHuffmanKey(gap[0]) && (tableClass(gap[0]) == 0) == isDc ? gap[0] : quint8(isDc ? 0x00 : 0x10);
     for (const Counts &choice : choices) {
         TableOption option{{choice, {text.begin(), text.end()}}, TableOrigin::CountsMended};
         readings.push_back({key, std::move(option)});

@@ -38,21 +38,21 @@ McuReader::McuReader(const Header &header, ByteView data) : reader(data)
     }
 }
 
-Fit::Error McuReader::readDc(Part &part)
+Fit::Error BlockReader::readDc(BitReader &reader)
 {
-    const int size = part.dc.next(reader);
+    const int size = dc.next(reader);
     if (size < 0) return Fit::Error::NoCode;
     if (size > 11) return Fit::Error::BadDc;
     ++symbols;
-    part.prediction += reader.takeValue(size);
-    return std::abs(part.prediction) > kMostDc ? Fit::Error::BadDc : Fit::Error::None;
+    prediction += reader.takeValue(size);
+    return std::abs(prediction) > kMostDc ? Fit::Error::BadDc : Fit::Error::None;
 }
 
 template<bool Keep>
-Fit::Error McuReader::readAc(Part &part, qint16 *to)
+Fit::Error BlockReader::readAc(BitReader &reader, qint16 *to)
 {
     for (int z = 1; z < 64;) {
-        const int symbol = part.ac.next(reader);
+        const int symbol = ac.next(reader);
         if (symbol < 0) return Fit::Error::NoCode;
         const int run = symbol >> 4;
         const int size = symbol & 15;
@@ -78,20 +78,27 @@ Fit::Error McuReader::readAc(Part &part, qint16 *to)
     return Fit::Error::None;
 }
 
-template<bool Keep>
-Fit::Error McuReader::readBlock(Part &part, qint16 *to)
+Fit::Error BlockReader::read(BitReader &reader, qint16 *to)
 {
-    const Fit::Error error = readDc(part);
+    const Fit::Error error = readDc(reader);
     if (error != Fit::Error::None) return error;
-    if constexpr (Keep) to[0] = qint16(part.prediction);
-    return readAc<Keep>(part, to);
+    if (!to) return readAc<false>(reader, nullptr);
+    to[0] = qint16(prediction);
+    return readAc<true>(reader, to);
+}
+
+quint32 McuReader::symbols() const
+{
+    quint32 sum = 0;
+    for (const Part &part : m_parts) sum += part.symbols;
+    return sum;
 }
 
 Fit::Error McuReader::readMcu(qint16 *to)
 {
     for (Part &part : m_parts) {
         for (int i = 0; i < part.blocks; ++i) {
-            const Fit::Error error = to ? readBlock<true>(part, to) : readBlock<false>(part, nullptr);
+            const Fit::Error error = part.read(reader, to);
             if (error != Fit::Error::None) return error;
             if (reader.overrun()) return Fit::Error::DataEnded;
             if (to) to += 64;
@@ -116,7 +123,7 @@ bool McuReader::readMcuTolerantly(qint16 *to)
             }
             part.prediction = std::clamp(part.prediction, -30000, 30000);
             to[0] = qint16(part.prediction);
-            if (sound && readAc<true>(part, to) != Fit::Error::None) {
+            if (sound && part.readAc<true>(reader, to) != Fit::Error::None) {
                 sound = false;
                 reader.skip(1);
                 std::fill_n(to + 1, 63, qint16(0));

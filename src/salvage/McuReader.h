@@ -12,6 +12,23 @@ namespace salvage {
 /// Sampling factors of the components of a scan, 1 x 1 where there is one alone.
 std::vector<Component> samplingOf(const Header &header);
 
+/// Reads the blocks of one component of a sequential scan.
+struct BlockReader
+{
+    HuffmanDecoder dc;
+    HuffmanDecoder ac;
+    int prediction = 0;  ///< DC of the block before
+    quint32 symbols = 0; ///< that were read
+
+    /// Takes the difference of DC into `prediction`.
+    Fit::Error readDc(BitReader &reader);
+    /// Takes the other 63 values; `to` is used where Keep is set, and is 0 there.
+    template<bool Keep>
+    Fit::Error readAc(BitReader &reader, qint16 *to);
+    /// Both; `to` is null or a block of zeros.
+    Fit::Error read(BitReader &reader, qint16 *to);
+};
+
 class McuReader
 {
 public:
@@ -35,23 +52,15 @@ public:
     void goTo(const Place &place);
 
     BitReader reader;
-    int blocks = 0;      ///< of an MCU
-    quint32 symbols = 0; ///< that were read
+    int blocks = 0; ///< of an MCU
+    /// Huffman codes that were read.
+    quint32 symbols() const;
 
 private:
-    struct Part
+    struct Part : BlockReader
     {
         int blocks = 0;
-        int prediction = 0;
-        HuffmanDecoder dc;
-        HuffmanDecoder ac;
     };
-
-    Fit::Error readDc(Part &part);
-    template<bool Keep>
-    Fit::Error readAc(Part &part, qint16 *to);
-    template<bool Keep>
-    Fit::Error readBlock(Part &part, qint16 *to);
 
     std::vector<Part> m_parts;
 };

@@ -1,6 +1,6 @@
 #include "salvage/PictureReader.h"
 
-#include "salvage/BitReader.h"
+#include "salvage/McuReader.h"
 #include "salvage/Structure.h"
 
 #include <algorithm>
@@ -76,19 +76,15 @@ public:
     bool run(ScansReading &reading);
 
 private:
-    struct Part
+    struct Part : BlockReader
     {
         size_t component = 0;
-        HuffmanDecoder dc;
-        HuffmanDecoder ac;
-        int prediction = 0;
     };
 
     bool prepare();
     void restart();
     bool readUnit(quint32 unit);
     bool readBlock(Part &part, qint16 *block);
-    bool readSequential(Part &part, qint16 *block);
     bool readDcFirst(Part &part, qint16 *block);
     bool readAcFirst(Part &part, qint16 *block);
     bool readAcRefinement(Part &part, qint16 *block);
@@ -166,7 +162,7 @@ bool ScanReader::readUnit(quint32 unit)
 
 bool ScanReader::readBlock(Part &part, qint16 *block)
 {
-    if (!m_header.progressive()) return readSequential(part, block);
+    if (!m_header.progressive()) return part.read(m_reader, block) == Fit::Error::None;
     const bool refines = m_header.spectral[2] >> 4;
     if (m_header.spectral[0] > 0) return refines ? readAcRefinement(part, block) : readAcFirst(part, block);
     if (!refines) return readDcFirst(part, block);
@@ -176,34 +172,8 @@ bool ScanReader::readBlock(Part &part, qint16 *block)
 
 bool ScanReader::readDcFirst(Part &part, qint16 *block)
 {
-    const int size = part.dc.next(m_reader);
-    if (size < 0 || size > 11) return false;
-    part.prediction += m_reader.takeValue(size);
-    if (std::abs(part.prediction) > 2100) return false;
+    if (part.readDc(m_reader) != Fit::Error::None) return false;
     block[0] = qint16(part.prediction << (m_header.spectral[2] & 15));
-    return true;
-}
-
-bool ScanReader::readSequential(Part &part, qint16 *block)
-{
-    const int size = part.dc.next(m_reader);
-    if (size < 0 || size > 11) return false;
-    part.prediction += m_reader.takeValue(size);
-    if (std::abs(part.prediction) > 2100) return false;
-    block[0] = qint16(part.prediction);
-    for (int z = 1; z < 64; ++z) {
-        const int symbol = part.ac.next(m_reader);
-        if (symbol < 0) return false;
-        if ((symbol & 15) == 0) {
-            if (symbol == 0) return true;
-            if (symbol != 0xF0) return false;
-            z += 15;
-            continue;
-        }
-        z += symbol >> 4;
-        if (z > 63) return false;
-        block[z] = qint16(m_reader.takeValue(symbol & 15));
-    }
     return true;
 }
 

@@ -15,11 +15,6 @@ namespace {
 constexpr quint32 kCodeSpace = 65536;
 constexpr size_t kTableHead = 17; // Tc/Th and 16 counts
 
-bool isKey(quint8 byte)
-{
-    return (byte & 0xEC) == 0; // classes 0 and 1, numbers 0 to 3
-}
-
 int longestCode(const Counts &counts)
 {
     for (int length = 16; length > 0; --length)
@@ -58,7 +53,7 @@ bool hasTwice(ByteView bytes)
 /// End of the table at `at`, 0 if there can't be one.
 size_t tableEnd(ByteView body, size_t at)
 {
-    if (at + kTableHead > body.size() || !isKey(body[at])) return 0;
+    if (at + kTableHead > body.size() || !isHuffmanKey(body[at])) return 0;
     const Counts counts = countsAt(body, at + 1);
     const auto symbols = size_t(symbolCount(counts));
     const size_t end = at + kTableHead + symbols;
@@ -143,7 +138,7 @@ TableState stateOf(HuffmanKey key, const HuffmanTable &table, bool progressive)
 PlacedTable tableAt(ByteView body, size_t at)
 {
     PlacedTable placed;
-    if (at + kTableHead > body.size() || !isKey(body[at])) return placed;
+    if (at + kTableHead > body.size() || !isHuffmanKey(body[at])) return placed;
     placed.begin = at;
     placed.key = body[at];
     placed.table.counts = countsAt(body, at + 1);
@@ -157,7 +152,7 @@ std::vector<PlacedTable> soundTables(ByteView body)
 {
     std::vector<PlacedTable> tables;
     for (size_t at = 0; at + kTableHead < body.size();) {
-        if (!isKey(body[at]) || !leavesOneCode(countsAt(body, at + 1)) || !tableEnd(body, at)) {
+        if (!isHuffmanKey(body[at]) || !leavesOneCode(countsAt(body, at + 1)) || !tableEnd(body, at)) {
             ++at;
             continue;
         }

@@ -54,6 +54,11 @@ double dhtScore(ByteView body, const KnownTables &known);
 
 /// True for the second byte of a marker that stands in a header: SOI, SOF0 to SOF2, DHT, SOS, DQT, DRI, APPn, COM.
 bool isHeaderMarker(quint8 marker);
+/// True for a byte that may be the key of a Huffman table: classes 0 and 1, numbers 0 to 3.
+constexpr bool isHuffmanKey(quint8 byte)
+{
+    return (byte & 0xEC) == 0;
+}
 constexpr bool isFrame(quint8 marker)
 {
     return marker >= 0xC0 && marker <= 0xC2;
