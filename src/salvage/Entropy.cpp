@@ -45,7 +45,8 @@ bool passToRestart(BitReader &reader, ByteView data, quint32 number)
 void conclude(Fit &fit, size_t dataSize)
 {
     const qptrdiff gap = qptrdiff(dataSize) - qptrdiff(fit.end);
-    fit.perfect = fit.error == Fit::Error::None && fit.done == fit.total && gap <= 3;
+    // A marker out of turn leads strict decoders astray.
+    fit.perfect = fit.error == Fit::Error::None && fit.done == fit.total && gap <= 3 && fit.inTurn;
     const double read = double(fit.done) / double(std::max(1u, fit.total));
     const double used = double(fit.end) / double(std::max<size_t>(1, dataSize));
     fit.share = fit.perfect ? 1 : std::min(read, used);

@@ -46,7 +46,7 @@ struct Fit
     bool inTurn = true;       ///< their numbers run 0, 1 .. 7, 0
     quint32 symbols = 0;      ///< that were read
     double share = 0;         ///< the smaller of the shares of MCUs read and data used
-    /// Every MCU was read and the data were used up to three bytes: tables, sampling, size and interval are right.
+    /// Every MCU was read, the markers had their turn and the data were used up to three bytes: tables, sampling, size and interval are right.
     bool perfect = false;
 
     /// Order of preference.

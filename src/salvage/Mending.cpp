@@ -15,11 +15,11 @@ constexpr quint32 kMostIntervalMcus = 1'000'000;
 constexpr int kMilliseconds = 5'000;
 
 /// Writes a patchwork as a scan of its own.
-Mended written(const Header &header, Patchwork &&work, Step step)
+Mended written(const Header &header, Patchwork &&work, std::set<Step> steps)
 {
     Mended mended;
     mended.share = work.share();
-    mended.step = step;
+    mended.steps = std::move(steps);
     fillHoles(work);
     mended.header = header;
     useStandardTables(mended.header);
@@ -58,7 +58,7 @@ std::optional<Mended> mendByIntervals(const Header &header, const ScanData &data
     if (header.mcuCount() > kMostIntervalMcus) return std::nullopt;
     std::optional<Patchwork> work = resynchronise(header, data, budget);
     if (!work || (work->share() <= 0.5 && looks(*work, header) >= plain)) return std::nullopt;
-    return written(header, std::move(*work), Step::Resynchronised);
+    return written(header, std::move(*work), {Step::Resynchronised});
 }
 
 std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, double plain, Budget &budget)
@@ -70,36 +70,36 @@ std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, do
         Mended mended;
         mended.header = header;
         mended.data = outcome.data;
-        mended.step = Step::HitsRepaired;
+        mended.steps = {Step::HitsRepaired};
         mended.share = 1;
         return mended;
     }
     double least = plain;
     std::optional<Patchwork> best;
-    Step step = Step::Realigned;
+    std::set<Step> steps;
     if (outcome.changes && outcome.read == header.mcuCount()) {
         // Read to the end, if not to the last byte: the changes alone may do.
         const double own = looks(repair.work(), header);
         if (own < least) {
             least = own;
             best = repair.work();
-            step = Step::HitsRepaired;
+            steps = {Step::HitsRepaired};
         }
     }
     if (std::optional<Patchwork> other = realigned(header, view(data.bytes), least, budget)) {
         best = std::move(other);
-        step = Step::Realigned;
+        steps = {Step::Realigned};
     }
     if (outcome.changes) {
         int codes = 0;
         const QByteArray changed = cleanScan(view(outcome.data), false, codes);
         if (std::optional<Patchwork> other = realigned(header, view(changed), least, budget)) {
             best = std::move(other);
-            step = Step::Realigned;
+            steps = {Step::HitsRepaired, Step::Realigned};
         }
     }
     if (!best) return std::nullopt;
-    return written(header, std::move(*best), step);
+    return written(header, std::move(*best), std::move(steps));
 }
 
 /// Rows with data nearest to a hole, column by column and downwards.

@@ -5,6 +5,7 @@
 #include "salvage/Search.h"
 
 #include <optional>
+#include <set>
 
 namespace salvage {
 
@@ -13,8 +14,8 @@ struct Mended
 {
     Header header; ///< with the tables of Annex K and no restart interval
     QByteArray data;
-    Step step = Step::Realigned;
-    double share = 0; ///< of the MCUs that were read; the others have the levels of what is around them
+    std::set<Step> steps; ///< what was done to it
+    double share = 0;     ///< of the MCUs that were read; the others have the levels of what is around them
 };
 
 /// The picture as a decoder shows it that goes on behind errors. The header's size must fit the memory.

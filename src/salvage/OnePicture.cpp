@@ -106,7 +106,7 @@ void mendData(Parts &parts, const ScanData &data, Budget &budget)
     if (!mended) return;
     parts.solution.header = std::move(mended->header);
     parts.data = std::move(mended->data);
-    parts.solution.steps.insert(mended->step);
+    parts.solution.steps.merge(mended->steps);
     parts.solution.fit.share = std::max(parts.solution.fit.share, mended->share);
     parts.realigned = true;
 }

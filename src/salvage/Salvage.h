@@ -24,7 +24,7 @@ struct Result
     double share = 0;       ///< of the picture that was read, 0 to 1
     bool perfect = false;   ///< every MCU was read and the data were used up
     bool realigned = false; ///< the scan was written anew
-    bool quantSure = false; ///< every quantization table that was replaced is a known one, given away by others
+    bool quantSure = false; ///< a quantization table was replaced by a known one that others give away
     bool sizeFound = false; ///< the size isn't the frame's
 };
 
