@@ -158,10 +158,13 @@ void DeepRoad::run(FileOutcome &outcome, const std::function<void()> &began)
     const OutputReport *output = mainOutput(outcome);
     salvage::Reading reading = salvage::readAsItStands(bytes, knownTables(), budget);
     if (undone) reading.readable = false; // as it is now, but not as it stands on the disk
-    // Where nothing came out of a source that reads well, the toolkit's decoder has found something to blame.
-    if (reading.clean() && (output || (reading.ended && isFlawless(judgeJpeg(outcome.source))))) return;
+    // Where nothing came out of a source that reads well, or something else than its picture, the toolkit's decoder has
+    // found something to blame.
+    const bool byMainWay = output && output->way != RepairWay::SecondWay;
+    if (reading.clean() && (byMainWay || (reading.ended && isFlawless(judgeJpeg(outcome.source))))) return;
     const QByteArray told = output ? readWhole(output->path) : QByteArray();
-    if (!leavesToBeDone(output, told, source, budget)) return;
+    // Other tables in the place of damaged ones make a file that reads well, whether they are the right ones or not.
+    if (!undone && !reading.roughTables && !leavesToBeDone(output, told, source, budget)) return;
 
     report.ran = true;
     if (began) began();

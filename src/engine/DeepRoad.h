@@ -35,7 +35,8 @@ public:
 
     /// Salvages the source of `outcome`, which repairOneFile has just handed back: a JPEG that doesn't decode without an
     /// error as it stands, and whose main output is missing or a thumbnail, has missing rows, an error in its entropy
-    /// data or a quantization table that looks damaged. A picture that is better than the main output is written to
+    /// data or a quantization table that looks damaged; also one whose own tables do, or that went through a transfer in
+    /// text mode, since the others may have put wrong bytes there that read well. A picture that is better than the main output is written to
     /// `<base>_salvaged.jpg` in the working folder, judged, and entered in `outcome.report.salvage`; makeRows gives it a
     /// row of type "Salvaged". Asks stopRequested() all along; takes 12 s at the most. Never throws, never writes the
     /// source.

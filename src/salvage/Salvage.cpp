@@ -111,8 +111,10 @@ Reading readAsItStands(ByteView file, const KnownTables &known, Budget &budget)
         const size_t end = nextMarker(file, dataAt);
         const Fit fit = decode(*header, slice(file, dataAt, end), budget);
         reading.share = double(fit.done) / double(std::max(1U, fit.total));
-        reading.errors = fit.perfect ? 0 : 1;
         reading.ended = end + 1 < file.size() && file[end + 1] == 0xD9;
+        // Data that happen to end in front of a stray marker go on behind it.
+        const bool broken = end + 1 < file.size() && !reading.ended;
+        reading.errors = fit.perfect && !broken ? 0 : 1;
         return reading;
     }
     const ScansReading scans = readScans(*header, slice(file, dataAt, file.size()), budget);

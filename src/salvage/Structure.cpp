@@ -92,6 +92,20 @@ double logOf(quint16 value)
     return value < small.size() ? small.at(value) : std::log2(value + 2.0);
 }
 
+/// First values far above those behind them: encoders make them the smallest, and several that were hit together don't stand
+/// out from one another.
+quint64 highBeginning(const std::array<double, 64> &logs, double apart)
+{
+    constexpr size_t kFirst = 12;
+    std::array<double, 16> behind{};
+    std::copy_n(logs.begin() + kFirst, behind.size(), behind.begin());
+    std::nth_element(behind.begin(), behind.begin() + behind.size() / 2, behind.end());
+    quint64 high = 0;
+    for (size_t i = 0; i < kFirst; ++i)
+        if (logs[i] > behind[behind.size() / 2] + apart) high |= 1ULL << i;
+    return high;
+}
+
 } // namespace
 
 quint32 kraftSum(const Counts &counts)
@@ -186,6 +200,7 @@ std::vector<Counts> mendedCounts(const Counts &counts, int symbols)
 quint64 roughValues(const QuantTable &table)
 {
     constexpr double kApart = 1.7; // a factor of 3.2
+    constexpr double kFarApart = 2;
     constexpr double kMeanStep = 0.9;
     constexpr int kStretch = 6;
     std::array<double, 64> logs{};
@@ -196,6 +211,7 @@ quint64 roughValues(const QuantTable &table)
     quint64 rough = 0;
     for (int i = 0; i < 64; ++i)
         if (table[size_t(i)] == 0 || standsOut(logs, i, kApart)) rough |= 1ULL << i;
+    rough |= highBeginning(logs, kFarApart);
     for (int i = 0; i + kStretch < 64; ++i) {
         const double sum = std::accumulate(steps.begin() + i, steps.begin() + i + kStretch, 0.0);
         if (sum <= kMeanStep * kStretch) continue;

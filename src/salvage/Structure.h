@@ -43,7 +43,7 @@ bool isAllTables(ByteView body);
 std::vector<Counts> mendedCounts(const Counts &counts, int symbols);
 
 /// The values, as bits by zig-zag index, that no encoder would put beside their neighbours: 3.2 times off the median of the
-/// ten around them, or within a stretch where the steps average over 2^0.9.
+/// ten around them, within a stretch where the steps average over 2^0.9, or among the first and four times those behind.
 quint64 roughValues(const QuantTable &table);
 
 /// How well a body passes for one of its kind, 0 to 1; a score of 1 is sound in every field.

@@ -7,6 +7,7 @@
 #include "support/Damage.h"
 #include "support/Pictures.h"
 
+#include <QPainter>
 #include <QTest>
 
 #include <cmath>
@@ -88,6 +89,9 @@ private slots:
     void sizesAreCounted();
     void quantizationIsFound_data();
     void quantizationIsFound();
+    void lostScaleIsBoundByTheLevels_data();
+    void lostScaleIsBoundByTheLevels();
+    void setsThatAgreeAlikeAreToldByLooks();
     void unknownTablesAreKept();
     void damagedQuantizationIsTold_data();
     void damagedQuantizationIsTold();
@@ -189,6 +193,7 @@ void TestSalvageSearch::quantizationIsFound_data()
     };
     row("sound", {}, 0, 0);
     row("first values of the luminance", {run(0, 3, 160), {}}, 1, 1);
+    row("six first values alike", {run(0, 6, 170), {}}, 1, 1);
     row("first values of both", {run(0, 3, 77), run(0, 3, 1)}, 2, 2);
     row("tail of the luminance, zeros", {run(40, 64, 0), {}}, 1, 1);
     row("tail of the chrominance", {{}, noise(30, 64)}, 1, 1);
@@ -215,6 +220,50 @@ void TestSalvageSearch::quantizationIsFound()
     QVERIFY(header.quant == apart.header.quant);
     QTEST(outcome.replaced, "replaced");
     QTEST(outcome.sure, "sure");
+}
+
+void TestSalvageSearch::lostScaleIsBoundByTheLevels_data()
+{
+    QTest::addColumn<int>("quality");
+    for (const int quality : {40, 50, 75, 90, 95}) QTest::addRow("quality %d", quality) << quality;
+}
+
+// Nothing in the file says how large a step is, but a picture from black to white leaves little choice.
+void TestSalvageSearch::lostScaleIsBoundByTheLevels()
+{
+    QFETCH(int, quality);
+    QImage drawn = drawPicture(204, 155);
+    QPainter(&drawn).fillRect(96, 64, 32, 32, Qt::white);
+    const Apart apart = takeApart(makeJpeg(drawn, {.quality = quality}));
+    Draft draft = draftOf(apart);
+    draft.quant.clear();
+    const Coefficients coefficients = coefficientsOf(apart);
+    Header header = draft.header;
+    const QuantOutcome outcome =
+        chooseQuant(header, draft, annexKOnly(), [&] { return std::pair(&coefficients, coefficients.mcusHigh); });
+    QCOMPARE(outcome.replaced, 2);
+    QCOMPARE(outcome.sure, 0);
+    const double scale = double(header.quant.at(kLuma)[0]) / apart.header.quant.at(kLuma)[0];
+    QVERIFY2(scale > 0.8 && scale <= 1.1, qPrintable(QString::number(scale)));
+}
+
+// Some encoders' sets differ in their first values alone, and these are gone.
+void TestSalvageSearch::setsThatAgreeAlikeAreToldByLooks()
+{
+    const Apart apart = picture(204, 155, {.quality = 75});
+    QByteArray segment = bytes({0xFF, 0xDB, 0, 132});
+    for (const bool chroma : {false, true}) {
+        segment += char(chroma);
+        for (const quint16 value : KnownTables::scaled(chroma, 75)) segment += char(value);
+    }
+    for (const int at : {5, 6, 7, 8}) segment[at] = 1;
+    const KnownTables known({}, {segment});
+    Draft draft = draftOf(apart);
+    edit(draft.quant[kLuma], {{0, 201}, {1, 150}, {2, 85}, {3, 214}});
+    const Coefficients coefficients = coefficientsOf(apart);
+    Header header = draft.header;
+    chooseQuant(header, draft, known, [&] { return std::pair(&coefficients, coefficients.mcusHigh); });
+    QVERIFY(header.quant == apart.header.quant);
 }
 
 // Tables that no encoder we know of writes stay, and so do single values in them, where they can be right.

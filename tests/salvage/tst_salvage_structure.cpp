@@ -161,6 +161,9 @@ void TestSalvageStructure::roughValuesStandOut_data()
     row("a fifth, last", 100, 63, 20, quint64(1) << 63);
     row("a fifth, first", 100, 0, 20, 1);
     row("zero among ones", 1, 7, 0, quint64(1) << 7);
+    QuantTable high = flat;
+    std::fill_n(high.begin(), 4, quint16(180)); // most don't stand out from their neighbours
+    QTest::newRow("the first four, alike") << high << quint64(0xF);
     for (size_t i = 20; i < 44; ++i) flat[i] = i % 2 ? 6 : 16; // none far off the middle, each a wide step
     QTest::newRow("a stretch of wide steps") << flat << (quint64(1) << 44) - (quint64(1) << 20);
 }

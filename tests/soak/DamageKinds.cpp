@@ -2,6 +2,12 @@
 
 namespace soak {
 
+std::vector<DamageKind> evenly(std::vector<DamageKind> kinds)
+{
+    for (DamageKind &kind : kinds) kind.share = 0;
+    return kinds;
+}
+
 const std::vector<DamageKind> &damageKinds()
 {
     static const std::vector<DamageKind> all = [] {

@@ -19,10 +19,15 @@ struct DamageKind
 {
     const char *name;
     Damager damage;
+    /// Files of a thousand in the usual mix, which leans towards what people meet with; 0 for what only --every asks.
+    int share = 0;
 };
 
 /// All kinds, in the order of the table.
 const std::vector<DamageKind> &damageKinds();
+
+/// `kinds` in equal numbers, those outside the usual mix as well.
+std::vector<DamageKind> evenly(std::vector<DamageKind> kinds);
 
 /// Kinds that break segments of the header.
 const std::vector<DamageKind> &headerDamage();

@@ -125,6 +125,18 @@ Damaged sectorOfAnother(const Source &source, const Source &other, Random &rando
     return QByteArray(source.bytes).replace(block->begin, block->size, other.bytes.mid(from, block->size));
 }
 
+Damaged junkBehind(const Source &source, const Source &, Random &random)
+{
+    const int count = random.betweenBySize(1, 1 << 16);
+    return source.bytes + (random.below(2) == 0 ? QByteArray(count, '\0') : random.bytes(count));
+}
+
+/// As a transfer that begins anew leaves it.
+Damaged beginningTwice(const Source &source, const Source &, Random &random)
+{
+    return source.bytes.left(random.betweenBySize(2, source.map.imageEnd - 1)) + source.bytes;
+}
+
 /// The file keeps its length: what comes in front pushes its end out.
 Damaged shifted(const Source &source, const Source &, Random &random)
 {
@@ -147,14 +159,16 @@ Damaged toCrLf(const Source &source, const Source &, Random &)
 const std::vector<DamageKind> &fileDamage()
 {
     static const std::vector<DamageKind> kinds = {
-        {"first part of the file cut off", firstCutOff},
-        {"end cut off", endCutOff},
-        {"a mix of files and junk", mixed},
-        {"a block zeroed", blockZeroed},
-        {"the head zeroed", headZeroed},
-        {"the head overwritten with junk", headIsJunk},
-        {"SOI lost", startLost},
-        {"EOI lost", endLost},
+        {"first part of the file cut off", firstCutOff, 35},
+        {"end cut off", endCutOff, 35},
+        {"a mix of files and junk", mixed, 34},
+        {"a block zeroed", blockZeroed, 34},
+        {"the head zeroed", headZeroed, 34},
+        {"the head overwritten with junk", headIsJunk, 30},
+        {"SOI lost", startLost, 30},
+        {"EOI lost", endLost, 30},
+        {"junk behind the end", junkBehind, 30},
+        {"the beginning twice", beginningTwice, 30},
         {"sectors swapped", sectorsSwapped},
         {"a sector lost", sectorLost},
         {"a sector twice", sectorTwice},

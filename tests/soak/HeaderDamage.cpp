@@ -57,6 +57,39 @@ Damaged segmentLost(const Source &source, const Source &, Random &random)
     return QByteArray(source.bytes).remove(segment.begin, segment.size());
 }
 
+Damaged segmentTwice(const Source &source, const Source &, Random &random)
+{
+    const Segment &segment = random.pick(source.map.segments);
+    return QByteArray(source.bytes).insert(segment.begin, source.bytes.mid(segment.begin, segment.size()));
+}
+
+/// Two neighbours, of which the second isn't the scan's.
+Damaged segmentsSwapped(const Source &source, const Source &, Random &random)
+{
+    const auto &segments = source.map.segments;
+    if (segments.size() < 3) return {};
+    const int first = random.below(int(segments.size()) - 2);
+    const Segment &one = segments[size_t(first)];
+    const Segment &other = segments[size_t(first) + 1];
+    if (one.end != other.begin) return {};
+    return QByteArray(source.bytes)
+        .replace(one.begin, other.end - one.begin,
+                 source.bytes.mid(other.begin, other.size()) + source.bytes.mid(one.begin, one.size()));
+}
+
+/// Zeros in front of a marker, where FF alone may fill.
+Damaged filled(const Source &source, const Source &, Random &random)
+{
+    QByteArray bytes = source.bytes;
+    const size_t spared = size_t(random.below(int(source.map.segments.size()) + 1));
+    for (size_t i = source.map.segments.size(); i-- > 0;) {
+        const int count = random.betweenBySize(1, 64);
+        if (i != spared && (i + 1 == source.map.segments.size() || random.below(2) == 0))
+            bytes.insert(source.map.segments[i].begin, QByteArray(count, '\0'));
+    }
+    return bytes == source.bytes ? Damaged() : bytes;
+}
+
 Damaged wrongLength(const Source &source, const Source &, Random &random)
 {
     QByteArray bytes = source.bytes;
@@ -171,19 +204,22 @@ Damaged eighthBitLost(const Source &source, const Source &, Random &random)
 const std::vector<DamageKind> &headerDamage()
 {
     static const std::vector<DamageKind> kinds = {
-        {"bits flipped in the header", bitsFlipped},
-        {"bytes hit in the header", bytesHit},
-        {"a segment lost", segmentLost},
-        {"a wrong length field", wrongLength},
-        {"a marker hit", markerHit},
+        {"bits flipped in the header", bitsFlipped, 63},
+        {"bytes hit in the header", bytesHit, 30},
+        {"a segment lost", segmentLost, 34},
+        {"a segment twice", segmentTwice, 30},
+        {"segments swapped", segmentsSwapped, 30},
+        {"zeros between segments", filled, 30},
+        {"a wrong length field", wrongLength, 34},
+        {"a marker hit", markerHit, 35},
         {"FF bytes of the header lost", ffLost},
-        {"SOF fields", frameFields},
-        {"width or height zeroed", sizeZeroed},
+        {"SOF fields", frameFields, 30},
+        {"width or height zeroed", sizeZeroed, 30},
         {"SOF lost", frameLost},
-        {"SOS fields", scanHeaderFields},
+        {"SOS fields", scanHeaderFields, 30},
         {"SOS lost", scanHeaderLost},
-        {"DRI value", intervalValue},
-        {"bytes of APPn hit", appHit},
+        {"DRI value", intervalValue, 30},
+        {"bytes of APPn hit", appHit, 30},
         {"eighth bit lost in the head", eighthBitLost},
     };
     return kinds;

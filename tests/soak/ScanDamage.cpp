@@ -122,8 +122,8 @@ Damaged bytesLost(const Source &source, const Source &, Random &random)
 const std::vector<DamageKind> &scanDamage()
 {
     static const std::vector<DamageKind> kinds = {
-        {"illegal FF codes in the scan", illegalCodes},
-        {"bits flipped in the scan", bitsFlipped},
+        {"illegal FF codes in the scan", illegalCodes, 34},
+        {"bits flipped in the scan", bitsFlipped, 34},
         {"a run of junk in the scan", junkRun},
         {"zeros behind FF lost in the scan", stuffingLost},
         {"restart markers hit", restartsHit},

@@ -76,9 +76,16 @@ std::vector<Sample> SourceSet::damaged(int count, quint64 seed, const std::vecto
 {
     std::vector<Sample> samples;
     if (m_sources.empty() || kinds.empty()) return samples;
+    const bool even = std::all_of(kinds.begin(), kinds.end(), [](const DamageKind &kind) { return kind.share == 0; });
+    const auto shareOf = [&](const DamageKind &kind) { return qint64(even ? 1 : kind.share); };
+    qint64 whole = 0;
+    for (const DamageKind &kind : kinds) whole += shareOf(kind);
+    qint64 passed = 0; // shares up to the present kind; the numbers up to there are rounded, so that their sum is right
     for (size_t i = 0; i < kinds.size(); ++i) {
-        const int share = int((size_t(count) + kinds.size() - 1 - i) / kinds.size());
-        for (int n = 0; n < share; ++n) {
+        const qint64 before = (count * passed + whole / 2) / whole;
+        passed += shareOf(kinds[i]);
+        const qint64 after = (count * passed + whole / 2) / whole;
+        for (int n = 0; n < after - before; ++n) {
             auto sample = damagedOne(kinds[i], seed, n);
             if (!sample) break;
             samples.push_back(std::move(*sample));

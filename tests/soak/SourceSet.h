@@ -26,8 +26,8 @@ public:
     int size() const { return int(m_paths.size()); }
     int passedOver() const { return m_passedOver; }
 
-    /// `count` damaged files, of each of `kinds` the same number (the first ones get one more where it doesn't come
-    /// out). Equal sets, seeds and kinds give equal bytes: the n-th file of a kind hangs on nothing else. A kind that
+    /// `count` damaged files, of each of `kinds` so many as its share says; of each the same number where all shares
+    /// are 0. Equal sets, seeds and kinds give equal bytes: the n-th file of a kind hangs on nothing else. A kind that
     /// finds nothing to damage in the whole set is left out.
     std::vector<Sample> damaged(int count, quint64 seed, const std::vector<DamageKind> &kinds) const;
     /// `count` different healthy files, all of them where there aren't as many.

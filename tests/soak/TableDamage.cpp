@@ -144,9 +144,14 @@ Damaged tableNumber(const Source &source, const Source &, Random &random)
 const std::vector<DamageKind> &tableDamage()
 {
     static const std::vector<DamageKind> kinds = {
-        {"a DHT count byte", countByte}, {"DHT counts of two tables", countsOfTwo},   {"DHT symbols", symbols},
-        {"a DHT lost", huffmanLost},     {"first values of a DQT", firstQuantValues}, {"tail of a DQT", quantTail},
-        {"a DQT lost", quantLost},       {"the number of a table", tableNumber},
+        {"a DHT count byte", countByte, 35},
+        {"DHT counts of two tables", countsOfTwo},
+        {"DHT symbols", symbols, 35},
+        {"a DHT lost", huffmanLost},
+        {"first values of a DQT", firstQuantValues, 35},
+        {"tail of a DQT", quantTail, 35},
+        {"a DQT lost", quantLost},
+        {"the number of a table", tableNumber, 30},
     };
     return kinds;
 }

@@ -35,6 +35,7 @@ struct Wishes
     QString keep;
     QString makeOnly;
     bool lost = false;
+    bool every = false;
     Programs programs;
 };
 
@@ -66,7 +67,8 @@ Wishes wishesOf(const QCoreApplication &application)
     parser.addHelpOption();
     parser.setApplicationDescription("Damages healthy photographs and counts how many come back.");
     parser.addOptions({
-        {"count", "Damaged files, the same number of each kind.", "N", "1000"},
+        {"count", "Damaged files, in the usual mix of kinds.", "N", "1000"},
+        {"every", "The same number of every kind, those outside the usual mix as well."},
         {"intact", "Intact files beside them.", "N", "100"},
         {"seed", "Equal seeds make equal files.", "N", "1"},
         {"jobs", "Processes at a time.", "N", QString::number(std::max(1U, std::thread::hardware_concurrency()))},
@@ -98,6 +100,7 @@ Wishes wishesOf(const QCoreApplication &application)
     wishes.keep = parser.value("keep");
     wishes.makeOnly = parser.value("make");
     wishes.lost = parser.isSet("lost");
+    wishes.every = parser.isSet("every");
     wishes.programs = {parser.value("batch"),
                        without.contains("alone") ? QString() : QCoreApplication::applicationFilePath(),
                        program("ffmpeg"), program("djpeg")};
@@ -106,7 +109,7 @@ Wishes wishesOf(const QCoreApplication &application)
 
 std::vector<DamageKind> kindsOf(const Wishes &wishes)
 {
-    if (wishes.kind.isEmpty()) return damageKinds();
+    if (wishes.kind.isEmpty()) return wishes.every ? evenly(damageKinds()) : damageKinds();
     for (const DamageKind &kind : damageKinds())
         if (wishes.kind == kind.name) return {kind};
     fail(QStringLiteral("there is no kind '%1', but\n%2").arg(wishes.kind, listOfKinds()));
