@@ -22,18 +22,114 @@ double unrest(const std::vector<qint16> &levels, quint32 wide)
     return down / double(n - wide) + across / (double(wide - 1) * high);
 }
 
-/// Where a side ends inside its last MCU: lines that repeat the one before them are filling. -1 where lines are so much alike
-/// further in too that nothing can be told.
-int fillingLines(const std::vector<double> &steps, int most)
+/// One side of a picture: samples across it, line by line.
+struct Side
 {
-    const auto n = int(steps.size());
-    if (n < 3 * most) return -1;
-    std::vector<double> inner(steps.begin(), steps.end() - most);
-    std::nth_element(inner.begin(), inner.begin() + qptrdiff(inner.size() / 2), inner.end());
-    const double limit = 0.3 * inner[inner.size() / 2] + 0.05;
-    int count = 0;
-    while (count < 2 * most && steps[size_t(n - 1 - count)] < limit) ++count;
-    return count < most ? count : -1;
+    const Plane &plane;
+    bool bottom = false;
+
+    int length() const { return bottom ? plane.width : plane.height; }
+    int depth() const { return bottom ? plane.height : plane.width; }
+    int at(int along, int across) const { return bottom ? plane.at(along, across) : plane.at(across, along); }
+};
+
+/// How the lines of a last block are filled that are beyond the picture.
+enum class FillRule {
+    Repeat, ///< with the last line of the picture
+    Fold    ///< mirrored within the block, or within the half or the quarter of it that the picture reaches into
+};
+
+/// The line of a block from which line `line` is filled where `real` lines are the picture's.
+int sourceLine(FillRule rule, int line, int real)
+{
+    if (rule == FillRule::Repeat) return std::min(line, real - 1);
+    while (line >= real) line = line >= 4 ? 7 - line : line >= 2 ? 3 - line : 0;
+    return line;
+}
+
+/// How far the lines of a block, which begins at line `begin` of the side, are from being filled from the first `real`.
+double misfit(const Side &side, int begin, FillRule rule, int real)
+{
+    double sum = 0;
+    for (int line = real; line < 8; ++line) {
+        const int source = sourceLine(rule, line, real);
+        for (int i = 0; i < side.length(); ++i)
+            sum += std::abs(side.at(i, begin + line) - side.at(i, begin + source));
+    }
+    return sum / (double(8 - real) * side.length());
+}
+
+/// Mean step along the lines of a block.
+double stepAlong(const Side &side, int begin)
+{
+    double sum = 0;
+    for (int line = begin; line < begin + 8; ++line)
+        for (int i = 1; i < side.length(); ++i) sum += std::abs(side.at(i, line) - side.at(i - 1, line));
+    return sum / (8.0 * side.length());
+}
+
+/// How many lines at a side are filling.
+struct Filling
+{
+    enum class Certainty { None, Some, Sure };
+    int lines = 0;
+    Certainty certainty = Certainty::None;
+};
+
+/// By one rule: `sharpness` is how much better these lines fit than one more.
+Filling fillingBy(FillRule rule, const Side &side, int begin, double &sharpness)
+{
+    constexpr int kOthers = 4;
+    constexpr double kAlike = 0.45; // of the misfit further in
+    constexpr double kNothing = 0.04;
+    constexpr double kSharp = 2.2;
+    double inside = 0;
+    for (int other = 1; other <= kOthers; ++other) inside += stepAlong(side, begin - 8 * other);
+    Filling best{0, Filling::Certainty::Sure};
+    sharpness = 1.5;
+    double before = 1;
+    for (int real = 1; real < 8; ++real) {
+        double inner = kNothing;
+        for (int other = 1; other <= kOthers; ++other) inner += misfit(side, begin - 8 * other, rule, real);
+        // Along the lines filling is as lively as the picture, across them it isn't.
+        const double ratio = misfit(side, begin, rule, real) / inner * inside / stepAlong(side, begin);
+        const double drop = (before + kNothing) / (ratio + kNothing);
+        before = ratio;
+        if (real == 7 && ratio < 0.6 && best.lines == 0) best.certainty = Filling::Certainty::Some;
+        // A block that is filled from one line has no step across at all.
+        if (ratio > (real == 1 ? kNothing : kAlike) || drop < sharpness) continue;
+        sharpness = drop;
+        best = {8 - real, drop > kSharp ? Filling::Certainty::Sure : Filling::Certainty::Some};
+        if (drop > kSharp) break; // with more lines of the picture the same holds
+    }
+    return best;
+}
+
+/// The lines of the block at `begin` that are filling, against what the blocks in front of it are like.
+Filling fillingOfBlock(const Side &side, int begin)
+{
+    constexpr double kFlat = 0.15; // levels
+    constexpr int kLeast = 5;      // blocks
+    if (begin < 8 * (kLeast - 1) || stepAlong(side, begin) < kFlat) return {};
+    double repeats = 0;
+    double folds = 0;
+    const Filling repeated = fillingBy(FillRule::Repeat, side, begin, repeats);
+    const Filling folded = fillingBy(FillRule::Fold, side, begin, folds);
+    if (repeated.lines == 0 && folded.lines == 0) return repeated;
+    return folded.lines && folds > repeats ? folded : repeated;
+}
+
+/// The same for a last unit of `pixels`, where whole blocks may be filling.
+Filling fillingOf(const Side &side, int pixels)
+{
+    const int begin = side.depth() - 8;
+    const Filling last = fillingOfBlock(side, begin);
+    if (pixels == 8 || last.lines < 7) return last;
+    double step = 0;
+    for (int i = 0; i < side.length(); ++i) step += std::abs(side.at(i, begin) - side.at(i, begin - 1));
+    const Filling before = fillingOfBlock(side, begin - 8);
+    if (before.lines == 0 && step / side.length() > stepAlong(side, begin) / 2) return last;
+    return {8 + before.lines, before.certainty};
 }
 
 bool isUsualAspect(int width, int height)
@@ -44,26 +140,21 @@ bool isUsualAspect(int width, int height)
     });
 }
 
-/// Round numbers first: pictures are seldom 797 pixels wide.
-int oddness(int width, int height)
+/// Round numbers first: pictures are seldom 797 pixels wide. Then those that leave no filling.
+double oddness(int pixels, int taken)
 {
-    if (width % 10 == 0 && height % 10 == 0) return 0;
-    return width % 5 == 0 && height % 5 == 0 ? 1 : 2;
+    return pixels % 10 == 0 ? 0 : pixels % 5 == 0 ? 1.2 : taken == 0 ? 1 : 2.3;
 }
 
-/// Mean steps from each column to the next, and from each row to the next.
-std::pair<std::vector<double>, std::vector<double>> lineSteps(const Plane &plane)
+/// How much speaks against a number of lines of filling.
+double against(int taken, const Filling &filling)
 {
-    std::vector<double> across(size_t(plane.width) - 1);
-    std::vector<double> down(size_t(plane.height) - 1);
-    for (int y = 0; y < plane.height; ++y) {
-        for (int x = 0; x < plane.width; ++x) {
-            const int own = plane.at(x, y);
-            if (x + 1 < plane.width) across[size_t(x)] += double(std::abs(plane.at(x + 1, y) - own)) / plane.height;
-            if (y + 1 < plane.height) down[size_t(y)] += double(std::abs(plane.at(x, y + 1) - own)) / plane.width;
-        }
+    switch (filling.certainty) {
+    case Filling::Certainty::Sure: return 3.0 * std::abs(taken - filling.lines);
+    case Filling::Certainty::Some: return std::min(5.0, 1.0 * std::abs(taken - filling.lines));
+    case Filling::Certainty::None: break;
     }
-    return {across, down};
+    return 0;
 }
 
 } // namespace
@@ -76,33 +167,24 @@ double unlikeliness(const std::vector<qint16> &levels, quint32 wide, quint32 wid
 
 void trimSize(Header &header, const Sized &sized, SizeUnit unit, const Coefficients &picture)
 {
-    constexpr int kNear = 5;
-    const auto [across, down] = lineSteps(renderPlane(picture, 0, KnownTables::scaled(false, 90), header));
+    // All in natural logarithms of how much seldomer something is.
+    constexpr double kUnusualAspect = 3;
+    const Plane plane = renderPlane(picture, 0, KnownTables::scaled(false, 90), header);
     const int width = header.width;
     const int height = header.height;
-    const int openWidth = sized.openWidth ? unit.width : 1;
-    const int openHeight = sized.openHeight ? unit.height : 1;
-    const int fillingRight = sized.openWidth ? fillingLines(across, unit.width) : 0;
-    const int fillingBelow = sized.openHeight ? fillingLines(down, unit.height) : 0;
-    if (fillingRight <= 0 && fillingBelow <= 0 && isUsualAspect(width, height)) return;
-
-    const auto apart = [](int taken, int filling) { return filling < 0 ? taken / 2 : std::abs(taken - filling); };
-    int bestWidth = width - std::max(0, fillingRight);
-    int bestHeight = height - std::max(0, fillingBelow);
-    int least = kNear + 1 + oddness(bestWidth, bestHeight);
-    for (int right = 0; right < openWidth; ++right) {
-        for (int below = 0; below < openHeight; ++below) {
-            const int distance = apart(right, fillingRight) + apart(below, fillingBelow);
-            if (!isUsualAspect(width - right, height - below)) continue;
-            const int value = distance + oddness(width - right, height - below);
-            if (value >= least || distance > kNear) continue;
+    const Filling right = sized.openWidth ? fillingOf({plane, false}, unit.width) : Filling();
+    const Filling below = sized.openHeight ? fillingOf({plane, true}, unit.height) : Filling();
+    double least = 1e9;
+    for (int x = 0; x < (sized.openWidth ? unit.width : 1); ++x) {
+        for (int y = 0; y < (sized.openHeight ? unit.height : 1); ++y) {
+            const double value = against(x, right) + against(y, below) + oddness(width - x, x) + oddness(height - y, y)
+                + (isUsualAspect(width - x, height - y) ? 0 : kUnusualAspect);
+            if (value >= least) continue;
             least = value;
-            bestWidth = width - right;
-            bestHeight = height - below;
+            header.width = quint16(width - x);
+            header.height = quint16(height - y);
         }
     }
-    header.width = quint16(bestWidth);
-    header.height = quint16(bestHeight);
 }
 
 } // namespace salvage
