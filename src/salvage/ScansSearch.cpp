@@ -153,7 +153,9 @@ Sized ScansSearch::sizeBy(const Header &header, const ScanCounts &counts, SizeUn
     for (const PictureSize &size : given)
         if (size.width && size.height && hasCounts(header, counts, size)) return {size, false, false};
 
-    const auto sameUnits = [](int a, int b, int pixels) { return (a + pixels - 1) / pixels == (b + pixels - 1) / pixels; };
+    const auto sameUnits = [](int a, int b, int pixels) {
+        return (a + pixels - 1) / pixels == (b + pixels - 1) / pixels;
+    };
     Sized best;
     double least = 1e18;
     for (const PictureSize &size : sizesOf(header, counts, unit)) {
@@ -251,9 +253,21 @@ void ScansSearch::noteTables()
 
 } // namespace
 
+/// The scan that gives the last bit of the levels says how many bits the first has left out.
+void agreeOnLevels(Header &first, ByteView data, const Budget &budget)
+{
+    if (!first.progressive() || first.spectral[0] > 0 || first.spectral[2] >> 4) return;
+    quint8 bits = 0;
+    for (const ScanPart &part : splitScans(first, data, budget))
+        if (part.header.spectral[0] == 0) bits = std::max(bits, quint8(part.header.spectral[2] >> 4));
+    first.spectral = {0, 0, bits};
+}
+
 std::optional<Solution> solveScans(const Draft &draft, ByteView data, Budget &budget)
 {
-    return ScansSearch(draft, data, budget).run();
+    Draft agreed = draft;
+    agreeOnLevels(agreed.header, data, budget);
+    return ScansSearch(agreed, data, budget).run();
 }
 
 } // namespace salvage

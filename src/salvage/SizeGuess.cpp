@@ -53,8 +53,7 @@ double misfit(const Side &side, int begin, FillRule rule, int real)
     double sum = 0;
     for (int line = real; line < 8; ++line) {
         const int source = sourceLine(rule, line, real);
-        for (int i = 0; i < side.length(); ++i)
-            sum += std::abs(side.at(i, begin + line) - side.at(i, begin + source));
+        for (int i = 0; i < side.length(); ++i) sum += std::abs(side.at(i, begin + line) - side.at(i, begin + source));
     }
     return sum / (double(8 - real) * side.length());
 }
