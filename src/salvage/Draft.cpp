@@ -32,6 +32,7 @@ public:
           m_segments(gatherSegments(file, candidate.headerFrom, candidate.scan.at, known, budget))
     {
         draft.severalScans = candidate.chain.scans > 1;
+        m_chainProgressive = candidate.chain.progressive;
         draft.exifSizes = exifSizes(file);
     }
 
@@ -80,6 +81,7 @@ private:
 
     ByteView m_file;
     const Scan &m_scan;
+    bool m_chainProgressive = false;
     const KnownTables &m_known;
     std::vector<Segment> m_segments;
     const Segment *m_frame = nullptr;
@@ -136,7 +138,8 @@ void Drafter::takeFrame()
         if (!m_frame || rank(segment) > rank(*m_frame)) m_frame = &segment;
     }
     draft.hasFrame = m_frame != nullptr;
-    const bool looksProgressive = draft.severalScans && header().spectral[1] == 0;
+    const bool looksProgressive =
+        draft.severalScans && (header().spectral[1] == 0 || (draft.scanDoubtful && m_chainProgressive));
     draft.progressive = looksProgressive;
     quint8 marker = 0xC0;
     if (m_frame) {
@@ -155,6 +158,7 @@ void Drafter::takeFrame()
         if (looksProgressive) draft.progressive = true;
         if (spectralIs(0, 63, 0)) draft.progressive = false;
     }
+    if (draft.scanDoubtful && m_chainProgressive) draft.progressive = true;
     header().frame = draft.progressive ? quint8(0xC2) : marker == 0xC2 ? quint8(0xC0) : marker;
 }
 
@@ -171,7 +175,10 @@ void Drafter::mendIds()
     if (ids.size() == components.size() && scanFits) return;
     draft.steps.insert(Step::FrameMended);
     if (scan.size() == components.size() && scanIds.size() == scan.size()) {
-        for (size_t i = 0; i < scan.size(); ++i) components[i].id = scan[i].id;
+        // Of several scans the first alone has lost its ids.
+        const bool framesHold = draft.severalScans && ids.size() == components.size();
+        for (size_t i = 0; i < scan.size(); ++i)
+            (framesHold ? scan[i].id : components[i].id) = framesHold ? components[i].id : scan[i].id;
         return;
     }
     int fromOne = 0;
@@ -204,6 +211,8 @@ void Drafter::agreeOnScan()
     auto &scan = header().scan;
     const size_t components = header().components.size();
     const bool oneScan = !draft.progressive && !draft.severalScans;
+    // The first scan of a progressive picture gives the levels of all components as a rule.
+    if (draft.progressive && draft.scanDoubtful && m_frame) scan.clear();
     if (scan.empty() || (m_frame && scan.size() != components && oneScan)) {
         scan.clear();
         for (size_t i = 0; i < (m_frame ? components : 3); ++i)

@@ -2,6 +2,7 @@
 
 #include "salvage/Mending.h"
 #include "salvage/Quantization.h"
+#include "salvage/ScansData.h"
 #include "salvage/ScansSearch.h"
 #include "salvage/Search.h"
 
@@ -130,14 +131,16 @@ std::optional<Parts> salvageBaseline(ByteView file, const Candidate &candidate, 
 std::optional<Parts> salvageScans(ByteView file, const Candidate &candidate, const Draft &draft,
                                   const KnownTables &known, Budget &budget)
 {
-    const ByteView data = scansData(file, candidate);
-    std::optional<Solution> solution = solveScans(draft, data, budget);
+    const ScansData scans = takeScans(file, candidate, draft.header.restartInterval > 0, budget);
+    const QByteArray joined = scans.joined();
+    std::optional<Solution> solution = solveScans(draft, view(joined), budget);
     if (!solution) return std::nullopt;
     Parts parts;
     parts.solution = std::move(*solution);
-    LazyPicture picture(parts.solution, data, budget, true);
+    if (scans.codesMended()) parts.solution.steps.insert(Step::CodesMended);
+    LazyPicture picture(parts.solution, view(joined), budget, true);
     parts.quant = chooseQuant(parts.solution.header, draft, known, std::ref(picture));
-    parts.data = toBytes(data);
+    parts.data = joined;
     return parts;
 }
 

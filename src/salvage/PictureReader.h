@@ -4,6 +4,7 @@
 #include "salvage/Entropy.h"
 
 #include <optional>
+#include <vector>
 
 namespace salvage {
 
@@ -19,6 +20,17 @@ struct ScansReading
     bool complete = false; ///< an EOI, or the end of the data, came behind the last scan, and every component had one
     double share() const { return total ? double(done) / double(total) : 0; }
 };
+
+/// One scan, and what is in force for it.
+struct ScanPart
+{
+    Header header;    ///< without APP segments
+    size_t begin = 0; ///< of its entropy data
+    size_t end = 0;
+};
+/// The scans of `data`, of which `header` describes the first, strictly by their markers; at most 100. `ended` gets whether
+/// an EOI or the end of the data came behind the last one.
+std::vector<ScanPart> splitScans(const Header &header, ByteView data, const Budget &budget, bool *ended = nullptr);
 
 /// Decodes `data` from the first scan of `header` on, through all tables and scans that follow it. Stops early, with what
 /// is read, when the budget's stop was asked for. Takes memory for one picture; nothing is read of one that is too large.

@@ -177,6 +177,7 @@ private:
     }
     size_t mainEntry() const;
     size_t headerFrom(const Candidate &candidate) const;
+    Candidate withFirstScan(const Candidate &candidate);
 
     ByteView m_file;
     const KnownTables &m_known;
@@ -257,6 +258,16 @@ size_t Choice::headerFrom(const Candidate &candidate) const
     return from;
 }
 
+/// From the first scan of the picture on, where the candidate's can't be it.
+Candidate Choice::withFirstScan(const Candidate &candidate)
+{
+    if (!cannotBeFirst(candidate.scan.body)) return candidate;
+    const Scan first = firstScanBefore(m_file, candidate.scan, m_known, m_budget);
+    if (first.end <= first.start || first.end > candidate.scan.at) return candidate;
+    const ScanChain chain = m_chains.from(first);
+    return chain.end < candidate.chain.end ? candidate : Candidate{first, chain, 0};
+}
+
 std::vector<Candidate> Choice::best()
 {
     std::vector<Candidate> best;
@@ -270,7 +281,7 @@ std::vector<Candidate> Choice::best()
             return other.scan.start <= entry.candidate.scan.start && entry.candidate.scan.start < other.chain.end;
         });
         if (best.size() >= kMost || partOfOther) continue;
-        best.push_back(entry.candidate);
+        best.push_back(withFirstScan(entry.candidate));
         best.back().headerFrom = headerFrom(best.back());
     }
     return best;

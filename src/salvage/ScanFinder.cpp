@@ -267,8 +267,44 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
     return best;
 }
 
+bool cannotBeFirst(ByteView sosBody)
+{
+    if (sosBody.size() < 6) return false;
+    const quint8 start = sosBody[sosBody.size() - 3];
+    const quint8 approximation = sosBody[sosBody.size() - 1];
+    return start > 0 || approximation >> 4;
+}
+
+Scan firstScanBefore(ByteView file, const Scan &scan, const KnownTables &known, const Budget &budget)
+{
+    constexpr size_t kReach = 4'000'000;
+    constexpr size_t kLeast = 16; // bytes of data
+    Scan first;
+    StopPoll poll(budget);
+    Patience patience;
+    for (size_t at = nextFF(file, scan.at > kReach ? scan.at - kReach : 0); at < scan.at; at = nextFF(file, at + 1)) {
+        if (poll.stopped() || patience.lost() || at + 4 >= file.size()) break;
+        const quint8 marker = file[at + 1];
+        const size_t length = wordAt(file, at + 2);
+        const size_t end = at + 2 + length;
+        const bool isPart = marker == 0xC4 || marker == 0xDB || marker == 0xC2 || marker == 0xDD;
+        if (!isPart || length < 3 || length > 2000 || end + kLeast >= scan.at) continue;
+        if (!patience.saw(isSoundPart(marker, slice(file, at + 4, end), known))) continue;
+        if (file[end] == 0xFF && isHeaderMarker(file[end + 1]) && file[end + 1] != 0xDA) continue;
+        first.at = end;
+        const size_t headerLength = wordAt(file, end + 2);
+        const bool headerStands = file[end] == 0xFF && file[end + 1] == 0xDA
+            && (headerLength == 8 || headerLength == 10 || headerLength == 12 || headerLength == 14);
+        first.start = headerStands ? end + 2 + headerLength : behindSpoiltHeader(file, end);
+        first.end = scanEnd(file, first.start, budget);
+        first.score = 0.3;
+        return first;
+    }
+    return first;
+}
+
 /// Offset of the entropy data of the scan that follows behind tables and comments, 0 if none does.
-size_t ChainFinder::nextScanBehind(size_t end) const
+size_t ChainFinder::nextScanBehind(size_t end, bool &progressive) const
 {
     constexpr int kMostSegments = 1000; // between two scans
     const auto passable = [](quint8 marker) {
@@ -279,28 +315,32 @@ size_t ChainFinder::nextScanBehind(size_t end) const
         at += 2 + wordAt(m_file, at + 2);
     if (at + 4 >= m_file.size() || m_file[at] != 0xFF || m_file[at + 1] != 0xDA) return 0;
     const size_t start = at + 2 + wordAt(m_file, at + 2);
-    return sosScore(slice(m_file, at + 4, start)) < 1 ? 0 : start;
+    const ByteView body = slice(m_file, at + 4, start);
+    if (sosScore(body) < 1) return 0;
+    progressive = progressive || cannotBeFirst(body);
+    return start;
 }
 
 ScanChain ChainFinder::from(const Scan &scan)
 {
     constexpr int kLongest = 100; // no picture has so many
     std::vector<size_t> passed;
-    ScanChain chain{scan.end, 1};
+    ScanChain chain{scan.end, 1, false};
     while (chain.scans < kLongest && !m_budget.stopped()) {
         const auto behind = m_behind.find(chain.end);
         if (behind != m_behind.end()) {
-            chain = {behind->second.end, chain.scans - 1 + behind->second.scans};
+            chain = {behind->second.end, chain.scans - 1 + behind->second.scans,
+                     chain.progressive || behind->second.progressive};
             break;
         }
         passed.push_back(chain.end);
-        const size_t start = nextScanBehind(chain.end);
+        const size_t start = nextScanBehind(chain.end, chain.progressive);
         if (start == 0) break;
         chain.end = scanEnd(m_file, start, m_budget);
         ++chain.scans;
     }
     int scans = chain.scans;
-    for (const size_t end : passed) m_behind[end] = {chain.end, scans--};
+    for (const size_t end : passed) m_behind[end] = {chain.end, scans--, chain.progressive};
     return chain;
 }
 

@@ -46,8 +46,16 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
 struct ScanChain
 {
     size_t end = 0;
-    int scans = 1; ///< at most some hundreds
+    int scans = 1;            ///< at most some hundreds
+    bool progressive = false; ///< a scan behind the first has a part of the coefficients alone
 };
+
+/// True for the body of an SOS that can't be the first of a picture: it has no levels (DC), or refines them.
+bool cannotBeFirst(ByteView sosBody);
+
+/// The first scan of the picture to which `scan` belongs, where its header is damaged or gone: what begins behind sound tables
+/// or a frame in front of `scan`. `start` == `end` if there is no such place.
+Scan firstScanBefore(ByteView file, const Scan &scan, const KnownTables &known, const Budget &budget);
 
 /// Follows chains of scans. Remembers where it has been, so that each part of the file is looked through once.
 class ChainFinder
@@ -58,7 +66,7 @@ public:
     ScanChain from(const Scan &scan);
 
 private:
-    size_t nextScanBehind(size_t end) const;
+    size_t nextScanBehind(size_t end, bool &progressive) const;
 
     ByteView m_file;
     const Budget &m_budget;

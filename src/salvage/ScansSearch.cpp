@@ -1,8 +1,10 @@
 #include "salvage/ScansSearch.h"
 
 #include "salvage/KnownTables.h"
+#include "salvage/ScansSize.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace salvage {
 
@@ -28,6 +30,7 @@ public:
                 attempt(tried, step);
             }
         }
+        if (!settled()) searchSize(choices);
         if (m_best && !settled()) searchSymbols();
         if (m_best) noteTables();
         return std::move(m_best);
@@ -39,6 +42,10 @@ private:
     bool settled() const { return m_best && m_best->fit.perfect; }
     std::vector<Variant> variants() const;
     bool attempt(const Header &header, std::optional<Step> step);
+    std::vector<ScanPart> partsBy(Header &header) const;
+    void searchSize(const std::vector<TableChoice> &choices);
+    bool trySize(Header header);
+    Sized sizeBy(const Header &header, const ScanCounts &counts, SizeUnit &unit) const;
     void searchSymbols();
     void searchTable(HuffmanKey key);
     void noteTables();
@@ -54,7 +61,7 @@ std::vector<ScansSearch::Variant> ScansSearch::variants() const
     Header found = m_draft.header;
     std::optional<Step> made;
     if (!m_draft.hasFrame) {
-        if (m_draft.exifSizes.empty()) return {};
+        if (m_draft.exifSizes.empty() || found.scan.size() < 2) return {};
         found.width = m_draft.exifSizes.front().width;
         found.height = m_draft.exifSizes.front().height;
         for (size_t i = 0; i < found.scan.size(); ++i)
@@ -105,6 +112,99 @@ bool ScansSearch::attempt(const Header &header, std::optional<Step> step)
     return true;
 }
 
+/// The scans of the data as the tables of `header` begin them; gives a header without a frame the components of all scans.
+std::vector<ScanPart> ScansSearch::partsBy(Header &header) const
+{
+    std::vector<ScanPart> parts = splitScans(header, m_data, m_budget);
+    if (!header.components.empty()) return parts;
+    constexpr size_t kMostComponents = 4;
+    std::set<quint8> seen;
+    for (const ScanPart &part : parts)
+        for (const ScanComponent &each : part.header.scan)
+            if (header.components.size() < kMostComponents && seen.insert(each.id).second)
+                header.components.push_back({each.id, 1, 1, quint8(header.components.empty() ? 0 : 1)});
+    return parts;
+}
+
+/// Sampling and size by the number of units in the scans, where they can be counted.
+void ScansSearch::searchSize(const std::vector<TableChoice> &choices)
+{
+    constexpr size_t kChoices = 4;
+    for (size_t i = 0; i < std::min(kChoices, choices.size()); ++i) {
+        Header header = m_draft.header;
+        header.huffman = choices[i];
+        partsBy(header);
+        if (m_draft.hasFrame && !m_budget.spent() && trySize(header)) return;
+        for (const auto &sampling : usualSamplings()) {
+            if (sampling.size() != header.components.size() || m_budget.spent()) continue;
+            for (size_t c = 0; c < sampling.size(); ++c)
+                std::tie(header.components[c].h, header.components[c].v) = sampling[c];
+            if (trySize(header)) return;
+        }
+    }
+}
+
+/// The size that fits the counts: one that a header gives, or one with a side that the frame still has, or any.
+Sized ScansSearch::sizeBy(const Header &header, const ScanCounts &counts, SizeUnit &unit) const
+{
+    const PictureSize frame{m_draft.header.width, m_draft.header.height};
+    std::vector<PictureSize> given = m_draft.exifSizes;
+    if (m_draft.hasFrame) given.push_back(frame);
+    for (const PictureSize &size : given)
+        if (size.width && size.height && hasCounts(header, counts, size)) return {size, false, false};
+
+    const auto sameUnits = [](int a, int b, int pixels) {
+        return (a + pixels - 1) / pixels == (b + pixels - 1) / pixels;
+    };
+    Sized best;
+    double least = 1e18;
+    for (const PictureSize &size : sizesOf(header, counts, unit)) {
+        const bool widthStands = m_draft.hasFrame && frame.width && sameUnits(size.width, frame.width, unit.width);
+        const bool heightStands = m_draft.hasFrame && frame.height && sameUnits(size.height, frame.height, unit.height);
+        const bool interleaved = counts.mcus && counts.levels.size() == counts.mcus;
+        const int step = interleaved ? header.mcuWidth() : unit.width;
+        const auto wide = quint32((size.width + step - 1) / step);
+        const bool isLine = wide < 2 || wide > counts.levels.size() / 2;
+        const double value = isLine ? 1e9 : unlikeliness(counts.levels, wide, size.width, size.height);
+        // A side that stands says more than looks.
+        const double rated = widthStands || heightStands ? value * 1e-3 : value;
+        if (rated >= least) continue;
+        least = rated;
+        best = {size, !widthStands, !heightStands};
+        if (widthStands) best.size.width = frame.width;
+        if (heightStands) best.size.height = frame.height;
+    }
+    return best;
+}
+
+/// Tries the size that belongs to the samplings and tables of a header; true once it is settled.
+bool ScansSearch::trySize(Header header)
+{
+    header.width = header.height = 8; // to be decodable; the counts don't depend on it
+    if (!header.decodable()) return false;
+    std::optional<ScanCounts> counts = countScans(partsBy(header), m_data, m_budget);
+    if (!counts) return false;
+    SizeUnit unit;
+    Sized sized = sizeBy(header, *counts, unit);
+    if (!sized.size.width && counts->mcus && !m_draft.frameFirm) {
+        // A scan of one component was counted wrongly; the first one alone has to do.
+        counts->blocks.assign(counts->blocks.size(), 0);
+        sized = sizeBy(header, *counts, unit);
+    }
+    if (!sized.size.width) return false;
+    header.width = sized.size.width;
+    header.height = sized.size.height;
+    const bool open = sized.openWidth || sized.openHeight;
+    if (open && header.fitsMemory()) trimSize(header, sized, unit, readScans(header, m_data, m_budget).picture);
+    std::optional<Solution> before = m_best;
+    const bool isFrames = m_draft.hasFrame && sized.size == PictureSize{m_draft.header.width, m_draft.header.height};
+    if (!attempt(header, isFrames ? Step::FrameMended : Step::SizeFound)) return false;
+    m_best->sizeByCount = open;
+    // A frame that is sound in every field is overruled by what is beyond doubt alone.
+    if (m_draft.frameFirm && before && !settled()) m_best = std::move(before);
+    return settled();
+}
+
 void ScansSearch::searchSymbols()
 {
     constexpr int kRounds = 2;
@@ -153,20 +253,21 @@ void ScansSearch::noteTables()
 
 } // namespace
 
-ByteView scansData(ByteView file, const Candidate &candidate)
+/// The scan that gives the last bit of the levels says how many bits the first has left out.
+void agreeOnLevels(Header &first, ByteView data, const Budget &budget)
 {
-    static constexpr std::array<quint8, 3> kStart = {0xFF, 0xD8, 0xFF};
-    static constexpr std::array<quint8, 2> kEnd = {0xFF, 0xD9};
-    const auto from = file.begin() + qptrdiff(std::min(candidate.chain.end, file.size()));
-    const auto next = std::search(from, file.end(), kStart.begin(), kStart.end());
-    auto end = std::find_end(from, next, kEnd.begin(), kEnd.end());
-    if (end == next && next - from <= 16) end = from;
-    return slice(file, candidate.scan.start, size_t(end - file.begin()));
+    if (!first.progressive() || first.spectral[0] > 0 || first.spectral[2] >> 4) return;
+    quint8 bits = 0;
+    for (const ScanPart &part : splitScans(first, data, budget))
+        if (part.header.spectral[0] == 0) bits = std::max(bits, quint8(part.header.spectral[2] >> 4));
+    first.spectral = {0, 0, bits};
 }
 
 std::optional<Solution> solveScans(const Draft &draft, ByteView data, Budget &budget)
 {
-    return ScansSearch(draft, data, budget).run();
+    Draft agreed = draft;
+    agreeOnLevels(agreed.header, data, budget);
+    return ScansSearch(agreed, data, budget).run();
 }
 
 } // namespace salvage

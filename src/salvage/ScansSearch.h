@@ -6,10 +6,6 @@
 
 namespace salvage {
 
-/// From the first scan of a candidate to the end of its picture; what follows the known chain of scans up to the next
-/// picture goes along.
-ByteView scansData(ByteView file, const Candidate &candidate);
-
 /// The header by which the scans are read with the fewest errors: tables, samplings, size, kind of frame, and last spoilt
 /// symbols. `fit.perfect` where there is no error at all; `fit.share` of all that was to be read.
 std::optional<Solution> solveScans(const Draft &draft, ByteView data, Budget &budget);
