@@ -55,6 +55,7 @@ private:
     void takeFrame();
     void mendFrame();
     void mendIds();
+    void mendFirstScan();
     void agreeOnScan();
     void takeInterval();
     void takeHuffman();
@@ -149,9 +150,16 @@ void Drafter::mendIds()
     for (const Component &component : components) ids.insert(component.id);
     for (const ScanComponent &component : scan) scanIds.insert(component.id);
     const bool scanFits = std::includes(ids.begin(), ids.end(), scanIds.begin(), scanIds.end());
-    if (ids.size() == components.size() && scanFits) return;
+    const bool sameCount = scan.size() == components.size();
+    const bool scanDiffers = scanIds.size() == scan.size();
+    if (ids.size() == components.size() && scanFits && (scanDiffers || !sameCount)) return;
     draft.steps.insert(Step::FrameMended);
-    if (scan.size() == components.size() && scanIds.size() == scan.size()) {
+    // A frame that is sound in every field stays: later scans may go by its ids too.
+    if (sameCount && draft.frameFirm && ids.size() == components.size()) {
+        for (size_t i = 0; i < scan.size(); ++i) scan[i].id = components[i].id;
+        return;
+    }
+    if (sameCount && scanDiffers) {
         for (size_t i = 0; i < scan.size(); ++i) components[i].id = scan[i].id;
         return;
     }
@@ -179,6 +187,16 @@ void Drafter::mendFrame()
     }
 }
 
+/// The fields of a progressive picture's first scan, which brings the levels of all components, where they can't be.
+void Drafter::mendFirstScan()
+{
+    auto &spectral = header().spectral;
+    const bool possible = spectral[0] == 0 && spectral[1] == 0 && spectral[2] < 14;
+    if (!possible && header().scan.size() > 1) spectral = {0, 0, 1};
+    for (size_t i = 0; i < header().scan.size() && spectral[0] == 0; ++i)
+        header().scan[i].tables = quint8(i ? 0x10 : 0x00);
+}
+
 /// A scan of all components where the picture comes in one, with a made header where there is none.
 void Drafter::agreeOnScan()
 {
@@ -193,6 +211,7 @@ void Drafter::agreeOnScan()
         draft.scanDoubtful = true;
         if (draft.progressive) header().spectral = {0, 0, 1};
     }
+    if (draft.progressive && draft.scanDoubtful) mendFirstScan();
     if (oneScan && !spectralIs(0, 63, 0)) {
         header().spectral = {0, 63, 0};
         draft.steps.insert(Step::FrameMended);

@@ -59,7 +59,10 @@ public:
     {
         for (const ByteView body : bodies) take(body);
         placeLost();
-        if (!m_draft.progressive && !m_found.empty()) useUsualKeys();
+        if (m_draft.progressive)
+            useFirstKey();
+        else if (!m_found.empty())
+            useUsualKeys();
         addOptions();
         addGaps();
         makeMissing();
@@ -73,6 +76,7 @@ private:
     void enter(FoundTable table);
     void placeLost();
     void useUsualKeys();
+    void useFirstKey();
     void addOptions();
     void addGaps();
     std::vector<TableOption> optionsForMissing(HuffmanKey key, const std::vector<HuffmanKey> &needed) const;
@@ -169,6 +173,14 @@ void HuffmanDrafter::useUsualKeys()
         each = usual;
         m_draft.steps.insert(Step::FrameMended);
     }
+}
+
+/// A scan of levels takes the first table where the number that it gives has none.
+void HuffmanDrafter::useFirstKey()
+{
+    if (m_draft.header.spectral[0] != 0 || !m_found.count(0x00)) return;
+    for (ScanComponent &each : m_draft.header.scan)
+        if (!m_found.count(each.dcKey())) each.tables = 0x00;
 }
 
 void HuffmanDrafter::addOptions()
