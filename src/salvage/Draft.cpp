@@ -1,12 +1,11 @@
 #include "salvage/Draft.h"
 
+#include "salvage/HuffmanDraft.h"
 #include "salvage/KnownTables.h"
 #include "salvage/SegmentList.h"
 #include "salvage/Structure.h"
 
 #include <algorithm>
-#include <functional>
-#include <numeric>
 #include <tuple>
 
 namespace salvage {
@@ -14,14 +13,6 @@ namespace salvage {
 namespace {
 
 constexpr quint8 kAdobe = 0xEE; // APP14
-
-/// Share of equal symbols of two tables of one length.
-double agreement(const HuffmanTable &a, const HuffmanTable &b)
-{
-    const int same =
-        std::inner_product(a.symbols.begin(), a.symbols.end(), b.symbols.begin(), 0, std::plus<>(), std::equal_to<>());
-    return double(same) / double(a.symbols.size());
-}
 
 /// Puts one draft together, part by part, in the order of the functions.
 class Drafter
@@ -45,8 +36,6 @@ public:
         agreeOnScan();
         takeInterval();
         takeHuffman();
-        addHuffmanOptions();
-        makeMissingHuffman();
         takeQuant();
         addAdobe();
     }
@@ -67,14 +56,10 @@ private:
     void takeFrame();
     void mendFrame();
     void mendIds();
+    void mendFirstScan();
     void agreeOnScan();
     void takeInterval();
-    std::vector<HuffmanKey> neededKeys() const;
     void takeHuffman();
-    void useUsualKeys();
-    void addHuffmanOptions();
-    std::vector<TableOption> optionsForMissing(HuffmanKey key, const std::vector<HuffmanKey> &needed) const;
-    void makeMissingHuffman();
     void takeQuant();
     void takeQuantBody(ByteView body);
     void addAdobe();
@@ -85,10 +70,7 @@ private:
     const KnownTables &m_known;
     std::vector<Segment> m_segments;
     const Segment *m_frame = nullptr;
-    std::map<HuffmanKey, ReadTable> m_found;
-    std::vector<ReadTable> m_spare;            // that another table of the same number has displaced
     std::map<quint8, QuantTable> m_firstQuant; // the first of several tables of one number
-    std::vector<ByteView> m_gaps;
 };
 
 std::vector<const Segment *> Drafter::segmentsOf(quint8 marker) const
@@ -172,13 +154,17 @@ void Drafter::mendIds()
     for (const Component &component : components) ids.insert(component.id);
     for (const ScanComponent &component : scan) scanIds.insert(component.id);
     const bool scanFits = std::includes(ids.begin(), ids.end(), scanIds.begin(), scanIds.end());
-    if (ids.size() == components.size() && scanFits) return;
+    const bool sameCount = scan.size() == components.size();
+    const bool scanDiffers = scanIds.size() == scan.size();
+    if (ids.size() == components.size() && scanFits && (scanDiffers || !sameCount)) return;
     draft.steps.insert(Step::FrameMended);
-    if (scan.size() == components.size() && scanIds.size() == scan.size()) {
-        // Of several scans the first alone has lost its ids.
-        const bool framesHold = draft.severalScans && ids.size() == components.size();
-        for (size_t i = 0; i < scan.size(); ++i)
-            (framesHold ? scan[i].id : components[i].id) = framesHold ? components[i].id : scan[i].id;
+    // A frame that is sound in every field stays, and so does that of several scans: later ones go by its ids too.
+    if (sameCount && ids.size() == components.size() && (draft.frameFirm || draft.severalScans)) {
+        for (size_t i = 0; i < scan.size(); ++i) scan[i].id = components[i].id;
+        return;
+    }
+    if (sameCount && scanDiffers) {
+        for (size_t i = 0; i < scan.size(); ++i) components[i].id = scan[i].id;
         return;
     }
     int fromOne = 0;
@@ -205,6 +191,16 @@ void Drafter::mendFrame()
     }
 }
 
+/// The fields of a progressive picture's first scan, which brings the levels of all components, where they can't be.
+void Drafter::mendFirstScan()
+{
+    auto &spectral = header().spectral;
+    const bool possible = spectral[0] == 0 && spectral[1] == 0 && spectral[2] < 14;
+    if (!possible && header().scan.size() > 1) spectral = {0, 0, 1};
+    for (size_t i = 0; i < header().scan.size() && spectral[0] == 0; ++i)
+        header().scan[i].tables = quint8(i ? 0x10 : 0x00);
+}
+
 /// A scan of all components where the picture comes in one, with a made header where there is none.
 void Drafter::agreeOnScan()
 {
@@ -221,6 +217,7 @@ void Drafter::agreeOnScan()
         draft.scanDoubtful = true;
         if (draft.progressive) header().spectral = {0, 0, 1};
     }
+    if (draft.progressive && draft.scanDoubtful) mendFirstScan();
     if (oneScan && !spectralIs(0, 63, 0)) {
         header().spectral = {0, 63, 0};
         draft.steps.insert(Step::FrameMended);
@@ -234,115 +231,11 @@ void Drafter::takeInterval()
             header().restartInterval = wordAt(segment.body, 0);
 }
 
-std::vector<HuffmanKey> Drafter::neededKeys() const
-{
-    std::vector<HuffmanKey> keys;
-    for (const ScanComponent &each : draft.header.scan) {
-        const bool dc = !draft.progressive || draft.header.spectral[0] == 0;
-        const bool ac = !draft.progressive || !dc;
-        for (const auto &[needed, key] : {std::pair(dc, each.dcKey()), std::pair(ac, each.acKey())})
-            if (needed && (key & 15) < 4 && std::find(keys.begin(), keys.end(), key) == keys.end()) keys.push_back(key);
-    }
-    return keys;
-}
-
 void Drafter::takeHuffman()
 {
-    for (const Segment *segment : segmentsOf(0xC4)) {
-        const DhtReading reading = readDht(segment->body, draft.progressive);
-        for (const ReadTable &each : reading.tables) {
-            const auto found = m_found.find(each.key);
-            if (found != m_found.end() && found->second.table != each.table)
-                m_spare.push_back(found->second.state >= each.state ? found->second : each);
-            if (found == m_found.end() || found->second.state >= each.state) m_found.insert_or_assign(each.key, each);
-        }
-        m_gaps.insert(m_gaps.end(), reading.gaps.begin(), reading.gaps.end());
-    }
-    if (!draft.progressive && !m_found.empty()) useUsualKeys();
-}
-
-/// Table numbers of the scan that no table has give way to the usual ones where these are there.
-void Drafter::useUsualKeys()
-{
-    const bool second = m_found.count(0x01) || m_found.count(0x11);
-    for (size_t i = 0; i < header().scan.size(); ++i) {
-        ScanComponent &each = header().scan[i];
-        const ScanComponent usual{each.id, quint8(i && second ? 0x11 : 0x00)};
-        const bool dcLost = !m_found.count(each.dcKey()) && m_found.count(usual.dcKey());
-        const bool acLost = !m_found.count(each.acKey()) && m_found.count(usual.acKey());
-        if (!dcLost && !acLost) continue;
-        each = usual;
-        draft.steps.insert(Step::FrameMended);
-    }
-}
-
-void Drafter::addHuffmanOptions()
-{
-    for (const auto &[key, found] : m_found) {
-        std::vector<TableOption> &options = draft.options[key];
-        options.push_back({found.table, TableOrigin::AsFound});
-        if (m_known.isKnown(found.table)) continue;
-        const bool many = found.table.symbols.size() > 100;
-        const bool sound = found.state == TableState::Sound;
-        std::vector<TableOption> like;
-        for (const HuffmanTable &table : knownLike(key, found.table, m_known))
-            if (!sound || (many && agreement(table, found.table) > 0.85)) like.push_back({table, TableOrigin::Known});
-        // A large known table that agrees so widely is surely meant where the found one is spoilt.
-        options.insert(many && !sound ? options.begin() : options.end(), like.begin(), like.end());
-    }
-    for (const ReadTable &spare : m_spare)
-        if (spare.state == TableState::Sound) draft.options[spare.key].push_back({spare.table, TableOrigin::AsFound});
-    const std::vector<HuffmanKey> needed = neededKeys();
-    for (const ByteView gap : m_gaps) {
-        for (KeyedOption &reading : readingsOf(gap, m_known)) {
-            HuffmanKey key = reading.key;
-            if (m_found.count(key)) {
-                const auto missing = std::find_if(needed.begin(), needed.end(), [&](HuffmanKey each) {
-                    return !m_found.count(each) && tableClass(each) == tableClass(key);
-                });
-                if (missing == needed.end()) continue;
-                key = *missing;
-            }
-            draft.options[key].push_back(std::move(reading.option));
-        }
-    }
-}
-
-/// A table whose number is spoilt, the typical one, or the one that another component uses.
-std::vector<TableOption> Drafter::optionsForMissing(HuffmanKey key, const std::vector<HuffmanKey> &needed) const
-{
-    std::vector<TableOption> made;
-    std::vector<TableOption> shared;
-    for (const auto &[other, options] : draft.options) {
-        if (tableClass(other) != tableClass(key)) continue;
-        const bool unused = std::find(needed.begin(), needed.end(), other) == needed.end();
-        (unused ? made : shared).push_back({options.front().table, TableOrigin::AsFound});
-    }
-    for (const ReadTable &spare : m_spare)
-        if (tableClass(spare.key) == tableClass(key)) made.push_back({spare.table, TableOrigin::AsFound});
-    made.push_back({KnownTables::standard(key), TableOrigin::Known});
-    if (!shared.empty()) made.push_back(shared.front());
-    return made;
-}
-
-void Drafter::makeMissingHuffman()
-{
-    constexpr size_t kMostOptions = 6;
-    const std::vector<HuffmanKey> needed = neededKeys();
-    for (const HuffmanKey key : needed) {
-        if (draft.options.count(key)) continue;
-        draft.options[key] = optionsForMissing(key, needed);
-    }
-    for (auto &[key, options] : draft.options) {
-        std::vector<TableOption> different;
-        for (TableOption &option : options) {
-            const auto same = [&](const TableOption &other) { return other.table == option.table; };
-            if (different.size() < kMostOptions && std::none_of(different.begin(), different.end(), same))
-                different.push_back(std::move(option));
-        }
-        options = std::move(different);
-        header().huffman[key] = options.front().table;
-    }
+    std::vector<ByteView> bodies;
+    for (const Segment *segment : segmentsOf(0xC4)) bodies.push_back(segment->body);
+    draftHuffman(draft, bodies, m_known);
 }
 
 void Drafter::takeQuant()

@@ -1,5 +1,6 @@
 #include "salvage/Salvage.h"
 
+#include "salvage/EighthBit.h"
 #include "salvage/Mending.h"
 #include "salvage/OnePicture.h"
 #include "salvage/PictureReader.h"
@@ -127,6 +128,14 @@ Reading readAsItStands(ByteView file, const KnownTables &known, Budget &budget)
 
 std::optional<Result> salvage(ByteView file, const KnownTables &known, Budget &budget)
 {
+    if (const auto restored = restoreEighthBits(file, known, budget)) {
+        std::optional<Result> result = salvage(view(*restored), known, budget);
+        if (!result) return result;
+        result->steps.insert(result->steps.begin(), Step::TransferUndone);
+        // A run of zeros that was taken for another one leaves the data readable.
+        result->certainty = std::min(result->certainty, Certainty::Likely);
+        return result;
+    }
     constexpr double kEnough = 0.9;    // a picture of which so much was read is the one that was looked for
     constexpr double kWorthATry = 0.3; // of the first candidate's data
     std::optional<Result> best;

@@ -175,6 +175,7 @@ private:
         const double bytes = double(chain.end - scan.start);
         m_entries.push_back({{scan, chain, 0}, bytes * (scan.score > 0.85 ? 1 : 0.8)});
     }
+    bool beginsKnownChain(const Scan &scan);
     size_t mainEntry() const;
     size_t headerFrom(const Candidate &candidate) const;
     Candidate withFirstScan(const Candidate &candidate);
@@ -199,18 +200,29 @@ void Choice::fill()
             add(scan);
     }
     const Scan bare = scanWithoutHeader(m_file, m_known, m_budget);
-    const bool hidden =
-        std::any_of(scans.begin(), scans.end(), [&](const Scan &scan) { return scan.start == bare.start; })
+    const bool hidden = std::any_of(scans.begin(), scans.end(),
+                                    [&](const Scan &scan) { return scan.start == bare.start || scan.at == bare.at; })
         || std::any_of(ranges.begin(), ranges.end(),
                        [&](const Range &range) { return range.begin <= bare.at && bare.at < range.end; });
     double largest = 0;
     for (const Entry &entry : m_entries)
         largest = std::max(largest, double(entry.candidate.chain.end - entry.candidate.scan.start));
-    if (!hidden && bare.end > bare.start && double(bare.end - bare.start) > 1.5 * largest) add(bare);
+    if (!hidden && bare.end > bare.start
+        && (double(bare.end - bare.start) > 1.5 * largest || beginsKnownChain(bare) || isUnbroken(m_file, bare)))
+        add(bare);
     if (m_entries.empty())
         for (const Scan &scan : nested) add(scan);
     std::stable_sort(m_entries.begin(), m_entries.end(),
                      [](const Entry &a, const Entry &b) { return a.size > b.size; });
+}
+
+/// True for data behind which the scans follow that a candidate begins with: the picture's first scan has lost its header.
+bool Choice::beginsKnownChain(const Scan &scan)
+{
+    const size_t end = m_chains.from(scan).end;
+    return std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
+        return entry.candidate.chain.end == end && scan.end <= entry.candidate.scan.at;
+    });
 }
 
 /// The first picture of the file that isn't small against the largest, or hangs together with the file's start.
@@ -220,10 +232,11 @@ size_t Choice::mainEntry() const
     const double largest = m_entries[0].size;
     for (size_t i = 0; i < m_entries.size(); ++i) {
         const Scan &scan = m_entries[i].candidate.scan;
-        if (scan.score <= 0.85) continue;
+        if (scan.score <= 0.85 && !isUnbroken(m_file, scan)) continue;
         if (m_entries[i].size < 0.12 * largest && !isUnbroken(m_file, scan)) continue;
         const bool covered = std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry &other) {
-            return other.candidate.scan.start <= scan.at && scan.at < other.candidate.chain.end;
+            return &other != &m_entries[i] && other.candidate.scan.start <= scan.at
+                && scan.at < other.candidate.chain.end;
         });
         if (!covered) first.push_back(i);
     }

@@ -147,10 +147,14 @@ void ScanList::addMarked(size_t at)
     }
     for (const size_t n : {3U, 1U, 4U}) {
         const double other = sosScore(slice(m_file, at + 4, at + 8 + 2 * n));
-        if (other <= 0.87) continue;
+        // Without the length another number than the usual one of components needs the count.
+        const bool counted = at + 4 < m_file.size() && m_file[at + 4] == n;
+        if (other <= 0.87 || (n != 3 && !counted)) continue;
         add(at, at + 4, at + 8 + 2 * n, other - 0.1, true);
         return;
     }
+    // Marker and length together are no chance, whatever has become of the fields.
+    if (score >= 0.5) add(at, at + 4, at + 2 + length, score - 0.1, true);
 }
 
 /// The bytes at `at` could be the length field of a scan header of three components or one.
@@ -192,6 +196,11 @@ bool beginsWithEntropyData(ByteView file)
         if (marker == 0xD8 || marker == 0xDB || marker == 0xC0 || marker == 0xE0 || marker == 0xE1) return false;
     }
     return true;
+}
+
+bool hasSoundScanHeader(ByteView file, size_t at)
+{
+    return sosScore(slice(file, at + 4, at + 2 + wordAt(file, at + 2))) == 1;
 }
 
 bool isSoundPart(quint8 marker, ByteView body, const KnownTables &known)
@@ -249,7 +258,8 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
         const bool isPart = marker == 0xC4 || marker == 0xDB || marker == 0xC0 || marker == 0xC2 || marker == 0xDD;
         if (!isPart || length < 2 || length > 2000 || end >= file.size()) continue;
         if (!patience.saw(isSoundPart(marker, slice(file, at + 4, end), known))) continue;
-        if (file[end] == 0xFF && end + 1 < file.size() && isHeaderMarker(file[end + 1]) && file[end + 1] != 0xDA)
+        if (file[end] == 0xFF && end + 1 < file.size() && isHeaderMarker(file[end + 1])
+            && (file[end + 1] != 0xDA || hasSoundScanHeader(file, end)))
             continue;
         Scan scan;
         scan.at = end;
