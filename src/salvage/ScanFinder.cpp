@@ -163,7 +163,9 @@ void ScanList::addUnmarked(size_t at)
     const bool sound = length == 12
         ? sosScore(body) == 1 && (body[8] == 63 || body[8] == 0)
         : sosScore(body) == 1 && body[1] <= 1 && body[2] <= 0x11 && body[4] == 63 && body[5] == 0;
-    if (sound) add(at - 2, at + 2, at + length, 0.9, false);
+    // The header begins at what is left of its marker; in front of that a table may end.
+    const size_t begin = m_file[at - 1] == 0xDA && m_file[at - 2] != 0xFF ? at - 1 : at - 2;
+    if (sound) add(begin, at + 2, at + length, 0.9, false);
 }
 
 /// Scan headers known by their last three bytes alone, where something of their head stands too.
