@@ -3,6 +3,7 @@
 #include "salvage/Mending.h"
 #include "salvage/Quantization.h"
 #include "salvage/ScansData.h"
+#include "salvage/ScansMending.h"
 #include "salvage/ScansSearch.h"
 #include "salvage/Search.h"
 
@@ -131,9 +132,14 @@ std::optional<Parts> salvageBaseline(ByteView file, const Candidate &candidate, 
 std::optional<Parts> salvageScans(ByteView file, const Candidate &candidate, const Draft &draft,
                                   const KnownTables &known, Budget &budget)
 {
-    const ScansData scans = takeScans(file, candidate, draft.header.restartInterval > 0, budget);
-    const QByteArray joined = scans.joined();
+    ScansData scans = takeScans(file, candidate, draft.header.restartInterval > 0, budget);
+    QByteArray joined = scans.joined();
     std::optional<Solution> solution = solveScans(draft, view(joined), budget);
+    if (solution && !solution->fit.perfect && scans.codesMended()) {
+        mendCodes(solution->header, scans, budget);
+        joined = scans.joined();
+        if (std::optional<Solution> again = solveScans(draft, view(joined), budget)) solution = std::move(again);
+    }
     if (!solution) return std::nullopt;
     Parts parts;
     parts.solution = std::move(*solution);
