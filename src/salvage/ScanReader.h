@@ -23,6 +23,11 @@ public:
     bool readUnit(quint32 unit, Coefficients &picture);
     /// Reads a unit whose place isn't known into `blocks`, which has room for its blocks.
     bool readLoose(qint16 *blocks);
+    /// Takes a bit behind an error, to go on as the bits fall.
+    void skipError();
+    /// Puts the coefficients of a unit, as readLoose() gives them, at its place; `offsets` are added to the levels, block by
+    /// block, and may be null.
+    void place(quint32 unit, const qint16 *blocks, const int *offsets, Coefficients &picture) const;
     /// True in front of a restart marker.
     bool standsAtRestart();
     /// Passes the marker.
