@@ -18,6 +18,13 @@ public:
     quint32 unitCount() const { return m_unitsWide * m_unitsHigh; }
     quint32 unitsWide() const { return m_unitsWide; }
     quint32 blocksPerUnit() const;
+    /// Index of the scan's first component in the frame.
+    size_t component() const { return m_parts.front().component; }
+    /// The block of a unit where the scan has one component.
+    const qint16 *blockAt(quint32 unit, const Coefficients &picture) const
+    {
+        return picture.block(component(), unit % m_unitsWide, unit / m_unitsWide);
+    }
 
     /// Reads the unit of this number to its place in the picture. False at an error.
     bool readUnit(quint32 unit, Coefficients &picture);

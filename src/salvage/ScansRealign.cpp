@@ -48,10 +48,15 @@ LooseUnits readAll(ScanReader &scan, quint32 most, const Budget &budget)
 class Placer
 {
 public:
-    Placer(const ScanPart &part, ScanReader &scan, const LooseUnits &units, Coefficients &picture)
-        : m_header(part.header), m_scan(scan), m_units(units), m_picture(picture), m_total(scan.unitCount()),
-          m_shift(qint64(m_total) - units.count())
+    Placer(const ScanPart &part, ScanReader &scan, const LooseUnits &units, Coefficients &picture, const Budget &budget)
+        : m_header(part.header), m_scan(scan), m_units(units), m_picture(picture), m_budget(budget),
+          m_total(scan.unitCount()), m_shift(qint64(m_total) - units.count())
     {
+        // With far more units than the scan has the header of the next one is gone, and its data were read on.
+        m_endKnown = m_shift > -qint64(m_total) / 4;
+        m_quant.fill(8);
+        const auto quant = part.header.quant.find(picture.sampling[scan.component()].quant);
+        if (quant != part.header.quant.end()) m_quant = quant->second;
     }
 
     /// The first unit from which on nothing is sure.
@@ -59,16 +64,18 @@ public:
 
 private:
     using Change = std::vector<double>;
+    using Line = std::array<float, 8>;
+    using Edges = std::array<Line, 4>; // above, below, left, right
 
     bool givesLevels() const { return m_header.spectral[0] == 0; }
     const qint16 *front(quint32 place) const { return place < m_units.count() ? m_units.unit(place) : nullptr; }
     const qint16 *back(quint32 place) const
     {
         const qint64 at = place - m_shift;
-        return at >= 0 && at < m_units.count() ? m_units.unit(quint32(at)) : nullptr;
+        return m_endKnown && at >= 0 && at < m_units.count() ? m_units.unit(quint32(at)) : nullptr;
     }
     quint32 splitBetween() const;
-    double unrest(const qint16 *own, const qint16 *before, const qint16 *above) const;
+    Edges edgesOf(const qint16 *own, quint32 place) const;
     Change unrestOf(bool fromFront) const;
     void levelOff(quint32 split, std::vector<int> &offsets) const;
 
@@ -76,34 +83,57 @@ private:
     ScanReader &m_scan;
     const LooseUnits &m_units;
     Coefficients &m_picture;
+    const Budget &m_budget;
     quint32 m_total;
     qint64 m_shift;
+    bool m_endKnown = true;
+    QuantTable m_quant{};
 };
 
-/// How little a unit goes with its neighbours: by levels, or by how lively it is.
-double Placer::unrest(const qint16 *own, const qint16 *before, const qint16 *above) const
+/// Outer samples of a block, or its level in all of them.
+Placer::Edges Placer::edgesOf(const qint16 *own, quint32 place) const
 {
-    const auto difference = [&](const qint16 *other) {
-        double sum = 0;
-        if (givesLevels()) return double(std::abs(own[0] - other[0]));
-        for (int z = m_header.spectral[0]; z <= m_header.spectral[1]; ++z)
-            sum += std::abs(std::abs(int(own[z])) - std::abs(int(other[z])));
-        return sum;
-    };
-    return (before ? difference(before) : 0) + (above ? difference(above) : 0);
+    Edges edges{};
+    if (givesLevels()) {
+        for (auto &line : edges) line.fill(float(own[0]));
+        return edges;
+    }
+    std::array<qint16, 64> block{};
+    std::copy_n(m_scan.blockAt(place, m_picture), block.size(), block.begin());
+    for (size_t z = m_header.spectral[0]; z <= m_header.spectral[1]; ++z) block.at(z) = own[z];
+    const Samples samples = inverseDct(block.data(), m_quant);
+    for (size_t i = 0; i < 8; ++i) {
+        edges[0][i] = samples[i];
+        edges[1][i] = samples[56 + i];
+        edges[2][i] = samples[8 * i];
+        edges[3][i] = samples[8 * i + 7];
+    }
+    return edges;
 }
 
+/// How little each unit goes with those before and above it.
 Placer::Change Placer::unrestOf(bool fromFront) const
 {
     const quint32 wide = m_scan.unitsWide();
     const auto at = [&](quint32 place) { return fromFront ? front(place) : back(place); };
+    const auto apart = [](const Line &a, const Line &b) {
+        double sum = 0;
+        for (size_t i = 0; i < a.size(); ++i) sum += double(std::abs(a[i] - b[i]));
+        return sum;
+    };
     Change change(m_total);
+    std::vector<Edges> row(wide); // of the last units of each column
     double sum = 0;
     quint32 known = 0;
     for (quint32 place = 0; place < m_total; ++place) {
+        if (place % kStopEvery == 0 && m_budget.stopped()) break;
         const qint16 *own = at(place);
         if (!own) continue;
-        change[place] = unrest(own, place % wide ? at(place - 1) : nullptr, place >= wide ? at(place - wide) : nullptr);
+        const quint32 column = place % wide;
+        const Edges edges = edgesOf(own, place);
+        if (place >= wide && at(place - wide)) change[place] += apart(edges[0], row[column][1]);
+        if (column && at(place - 1)) change[place] += apart(edges[2], row[column - 1][3]);
+        row[column] = edges;
         sum += change[place];
         ++known;
     }
@@ -119,7 +149,7 @@ quint32 Placer::splitBetween() const
 {
     const auto firstBad = std::find(m_units.bad.begin(), m_units.bad.end(), true);
     const auto sure = quint32(std::min<qint64>(firstBad - m_units.bad.begin(), m_total));
-    if (m_shift == 0) return sure;
+    if (m_shift == 0 || !m_endKnown) return sure;
     const Change ahead = unrestOf(true);
     const Change behind = unrestOf(false);
     double value = 0; // of the split in hand, against that at 0
@@ -226,7 +256,7 @@ void ScansRealigner::readOn(const ScanPart &part, ByteView data)
     if (!scan.usable()) return;
     const LooseUnits units = readAll(scan, 2 * scan.unitCount() + 1000, m_budget);
     if (units.count() == 0) return;
-    const quint32 sure = Placer(part, scan, units, m_picture).run();
+    const quint32 sure = Placer(part, scan, units, m_picture, m_budget).run();
     if (part.header.spectral[0] == 0) return;
     quint32 &limit = limitOf(part);
     limit = std::min(limit, sure);
