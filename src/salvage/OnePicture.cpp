@@ -3,6 +3,8 @@
 #include "salvage/Mending.h"
 #include "salvage/Quantization.h"
 #include "salvage/ScansData.h"
+#include "salvage/ScansMending.h"
+#include "salvage/ScansRealign.h"
 #include "salvage/ScansSearch.h"
 #include "salvage/Search.h"
 
@@ -128,12 +130,37 @@ std::optional<Parts> salvageBaseline(ByteView file, const Candidate &candidate, 
     return parts;
 }
 
+/// Scans that break: what can be used of them, written as one scan, if that looks better than leaving it.
+void mendScans(Parts &parts, const ScansData &scans, Budget &budget)
+{
+    Header &header = parts.solution.header;
+    if (parts.solution.fit.perfect || parts.solution.sizeFound) return;
+    const std::optional<Coefficients> mended = realignScans(header, scans, budget);
+    if (!mended) return;
+    const Coefficients shown = readScans(header, view(parts.data), budget).picture;
+    if (borderSteps(*mended, header, mended->mcusHigh).sum() >= borderSteps(shown, header, shown.mcusHigh).sum())
+        return;
+    header.frame = 0xC0;
+    header.spectral = {0, 63, 0};
+    header.scan.clear();
+    for (const Component &each : header.components) header.scan.push_back({each.id, 0});
+    useStandardTables(header);
+    parts.data = encode(*mended);
+    parts.solution.steps.insert(Step::Realigned);
+    parts.realigned = true;
+}
+
 std::optional<Parts> salvageScans(ByteView file, const Candidate &candidate, const Draft &draft,
                                   const KnownTables &known, Budget &budget)
 {
-    const ScansData scans = takeScans(file, candidate, draft.header.restartInterval > 0, budget);
-    const QByteArray joined = scans.joined();
+    ScansData scans = takeScans(file, candidate, draft.header.restartInterval > 0, budget);
+    QByteArray joined = scans.joined();
     std::optional<Solution> solution = solveScans(draft, view(joined), budget);
+    if (solution && !solution->fit.perfect && scans.codesMended()) {
+        mendCodes(solution->header, scans, budget);
+        joined = scans.joined();
+        if (std::optional<Solution> again = solveScans(draft, view(joined), budget)) solution = std::move(again);
+    }
     if (!solution) return std::nullopt;
     Parts parts;
     parts.solution = std::move(*solution);
@@ -141,6 +168,7 @@ std::optional<Parts> salvageScans(ByteView file, const Candidate &candidate, con
     LazyPicture picture(parts.solution, view(joined), budget, true);
     parts.quant = chooseQuant(parts.solution.header, draft, known, std::ref(picture));
     parts.data = joined;
+    mendScans(parts, scans, budget);
     return parts;
 }
 

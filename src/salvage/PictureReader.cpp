@@ -63,7 +63,33 @@ bool takeScan(Header &header, ByteView body)
     return true;
 }
 
-/// Reads the scan that `header` describes into `picture`; adds to the counters of `reading`. False if it can't be.
+/// Passes tables from `at` on up to the next scan; offset of its entropy data, 0 where none follows.
+size_t nextScan(Header &header, ByteView data, size_t at, bool &ended)
+{
+    while (at + 3 < data.size()) {
+        const quint8 marker = data[at + 1];
+        if (marker == 0xFF) {
+            ++at;
+            continue;
+        }
+        if (marker == 0xD9) {
+            ended = true;
+            return 0;
+        }
+        const size_t length = wordAt(data, at + 2);
+        const ByteView body = slice(data, at + 4, at + 2 + length);
+        if (length < 2 || body.size() != length - 2) return 0;
+        if (marker == 0xDA) return takeScan(header, body) ? at + 2 + length : 0;
+        const bool isTable = marker == 0xC4 || marker == 0xDB || marker == 0xDD;
+        if (isTable && !takeTables(header, marker, body)) return 0;
+        at = nextMarker(data, at + 2 + length);
+    }
+    ended = true;
+    return 0;
+}
+
+} // namespace
+
 bool readScan(const Header &header, ByteView data, ScansReading &reading, const Budget &budget)
 {
     ScanReader scan(header, data);
@@ -95,33 +121,6 @@ bool readScan(const Header &header, ByteView data, ScansReading &reading, const 
     }
     return true;
 }
-
-/// Passes tables from `at` on up to the next scan; offset of its entropy data, 0 where none follows.
-size_t nextScan(Header &header, ByteView data, size_t at, bool &ended)
-{
-    while (at + 3 < data.size()) {
-        const quint8 marker = data[at + 1];
-        if (marker == 0xFF) {
-            ++at;
-            continue;
-        }
-        if (marker == 0xD9) {
-            ended = true;
-            return 0;
-        }
-        const size_t length = wordAt(data, at + 2);
-        const ByteView body = slice(data, at + 4, at + 2 + length);
-        if (length < 2 || body.size() != length - 2) return 0;
-        if (marker == 0xDA) return takeScan(header, body) ? at + 2 + length : 0;
-        const bool isTable = marker == 0xC4 || marker == 0xDB || marker == 0xDD;
-        if (isTable && !takeTables(header, marker, body)) return 0;
-        at = nextMarker(data, at + 2 + length);
-    }
-    ended = true;
-    return 0;
-}
-
-} // namespace
 
 size_t nextMarker(ByteView data, size_t from)
 {

@@ -21,6 +21,10 @@ struct ScansReading
     double share() const { return total ? double(done) / double(total) : 0; }
 };
 
+/// Reads one scan over the picture of those in front of it; `header` is the one in force. Adds to `done`, `total` and
+/// `errors`. False if its header can't be.
+bool readScan(const Header &header, ByteView data, ScansReading &reading, const Budget &budget);
+
 /// One scan, and what is in force for it.
 struct ScanPart
 {

@@ -275,10 +275,12 @@ size_t Choice::headerFrom(const Candidate &candidate) const
 Candidate Choice::withFirstScan(const Candidate &candidate)
 {
     if (!cannotBeFirst(candidate.scan.body)) return candidate;
-    const Scan first = firstScanBefore(m_file, candidate.scan, m_known, m_budget);
-    if (first.end <= first.start || first.end > candidate.scan.at) return candidate;
-    const ScanChain chain = m_chains.from(first);
-    return chain.end < candidate.chain.end ? candidate : Candidate{first, chain, 0};
+    for (const Scan &first : firstScansBefore(m_file, candidate.scan, m_known, m_budget)) {
+        if (first.end <= first.start || first.end > candidate.scan.at) continue;
+        const ScanChain chain = m_chains.from(first);
+        if (chain.end >= candidate.chain.end) return {first, chain, 0};
+    }
+    return candidate;
 }
 
 std::vector<Candidate> Choice::best()

@@ -167,7 +167,9 @@ void ScanList::addUnmarked(size_t at)
     const bool sound = length == 12
         ? sosScore(body) == 1 && (body[8] == 63 || body[8] == 0)
         : sosScore(body) == 1 && body[1] <= 1 && body[2] <= 0x11 && body[4] == 63 && body[5] == 0;
-    if (sound) add(at - 2, at + 2, at + length, 0.9, false);
+    // The header begins at what is left of its marker; in front of that a table may end.
+    const size_t begin = m_file[at - 1] == 0xDA && m_file[at - 2] != 0xFF ? at - 1 : at - 2;
+    if (sound) add(begin, at + 2, at + length, 0.9, false);
 }
 
 /// Scan headers known by their last three bytes alone, where something of their head stands too.
@@ -285,15 +287,16 @@ bool cannotBeFirst(ByteView sosBody)
     return start > 0 || approximation >> 4;
 }
 
-Scan firstScanBefore(ByteView file, const Scan &scan, const KnownTables &known, const Budget &budget)
+std::vector<Scan> firstScansBefore(ByteView file, const Scan &scan, const KnownTables &known, const Budget &budget)
 {
     constexpr size_t kReach = 4'000'000;
     constexpr size_t kLeast = 16; // bytes of data
-    Scan first;
+    constexpr size_t kMost = 16;
+    std::vector<Scan> all;
     StopPoll poll(budget);
     Patience patience;
     for (size_t at = nextFF(file, scan.at > kReach ? scan.at - kReach : 0); at < scan.at; at = nextFF(file, at + 1)) {
-        if (poll.stopped() || patience.lost() || at + 4 >= file.size()) break;
+        if (poll.stopped() || patience.lost() || all.size() == kMost) break;
         const quint8 marker = file[at + 1];
         const size_t length = wordAt(file, at + 2);
         const size_t end = at + 2 + length;
@@ -301,16 +304,17 @@ Scan firstScanBefore(ByteView file, const Scan &scan, const KnownTables &known, 
         if (!isPart || length < 3 || length > 2000 || end + kLeast >= scan.at) continue;
         if (!patience.saw(isSoundPart(marker, slice(file, at + 4, end), known))) continue;
         if (file[end] == 0xFF && isHeaderMarker(file[end + 1]) && file[end + 1] != 0xDA) continue;
+        const bool isSos = file[end] == 0xFF && file[end + 1] == 0xDA;
+        const size_t behindSos = end + 2 + wordAt(file, end + 2);
+        if (isSos && sosScore(slice(file, end + 4, behindSos)) == 1) continue; // a scan that needs no finding
+        Scan first;
         first.at = end;
-        const size_t headerLength = wordAt(file, end + 2);
-        const bool headerStands = file[end] == 0xFF && file[end + 1] == 0xDA
-            && (headerLength == 8 || headerLength == 10 || headerLength == 12 || headerLength == 14);
-        first.start = headerStands ? end + 2 + headerLength : behindSpoiltHeader(file, end);
+        first.start = isSos && behindSos < end + 20 ? behindSos : behindSpoiltHeader(file, end);
         first.end = scanEnd(file, first.start, budget);
         first.score = 0.3;
-        return first;
+        all.push_back(first);
     }
-    return first;
+    return all;
 }
 
 /// Offset of the entropy data of the scan that follows behind tables and comments, 0 if none does.

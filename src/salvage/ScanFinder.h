@@ -53,9 +53,9 @@ struct ScanChain
 /// True for the body of an SOS that can't be the first of a picture: it has no levels (DC), or refines them.
 bool cannotBeFirst(ByteView sosBody);
 
-/// The first scan of the picture to which `scan` belongs, where its header is damaged or gone: what begins behind sound tables
-/// or a frame in front of `scan`. `start` == `end` if there is no such place.
-Scan firstScanBefore(ByteView file, const Scan &scan, const KnownTables &known, const Budget &budget);
+/// Where the first scan of the picture may begin to which `scan` belongs, its header damaged or gone: behind sound tables or a
+/// frame in front of `scan`. At most 16, front to back.
+std::vector<Scan> firstScansBefore(ByteView file, const Scan &scan, const KnownTables &known, const Budget &budget);
 
 /// Follows chains of scans. Remembers where it has been, so that each part of the file is looked through once.
 class ChainFinder

@@ -82,6 +82,27 @@ bool ScanReader::readLoose(qint16 *blocks)
     return !reader.overrun();
 }
 
+void ScanReader::skipError()
+{
+    reader.skip(1);
+    m_endOfBand = 0;
+}
+
+void ScanReader::place(quint32 unit, const qint16 *blocks, const int *offsets, Coefficients &picture) const
+{
+    const quint32 column = unit % m_unitsWide;
+    const quint32 row = unit / m_unitsWide;
+    int number = 0;
+    for (const Part &part : m_parts) {
+        for (quint32 y = 0; y < part.v; ++y)
+            for (quint32 x = 0; x < part.h; ++x, ++number, blocks += 64) {
+                qint16 *const to = picture.block(part.component, column * part.h + x, row * part.v + y);
+                for (int z = m_header.spectral[0]; z <= m_header.spectral[1]; ++z) to[z] = blocks[z];
+                if (offsets) to[0] = qint16(to[0] + offsets[number]);
+            }
+    }
+}
+
 quint32 ScanReader::blocksPerUnit() const
 {
     quint32 sum = 0;

@@ -18,11 +18,23 @@ public:
     quint32 unitCount() const { return m_unitsWide * m_unitsHigh; }
     quint32 unitsWide() const { return m_unitsWide; }
     quint32 blocksPerUnit() const;
+    /// Index of the scan's first component in the frame.
+    size_t component() const { return m_parts.front().component; }
+    /// The block of a unit where the scan has one component.
+    const qint16 *blockAt(quint32 unit, const Coefficients &picture) const
+    {
+        return picture.block(component(), unit % m_unitsWide, unit / m_unitsWide);
+    }
 
     /// Reads the unit of this number to its place in the picture. False at an error.
     bool readUnit(quint32 unit, Coefficients &picture);
     /// Reads a unit whose place isn't known into `blocks`, which has room for its blocks.
     bool readLoose(qint16 *blocks);
+    /// Takes a bit behind an error, to go on as the bits fall.
+    void skipError();
+    /// Puts the coefficients of a unit, as readLoose() gives them, at its place; `offsets` are added to the levels, block by
+    /// block, and may be null.
+    void place(quint32 unit, const qint16 *blocks, const int *offsets, Coefficients &picture) const;
     /// True in front of a restart marker.
     bool standsAtRestart();
     /// Passes the marker.

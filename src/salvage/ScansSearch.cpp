@@ -253,20 +253,31 @@ void ScansSearch::noteTables()
 
 } // namespace
 
-/// The scan that gives the last bit of the levels says how many bits the first has left out.
-void agreeOnLevels(Header &first, ByteView data, const Budget &budget)
+/// What the later scans say of a first one whose header was spoilt: the one that gives the last bit of the levels tells how
+/// many bits were left out, and components with a first scan of their own have none in this.
+void agreeOnFirstScan(Draft &draft, ByteView data, const Budget &budget)
 {
+    Header &first = draft.header;
     if (!first.progressive() || first.spectral[0] > 0 || first.spectral[2] >> 4) return;
     quint8 bits = 0;
-    for (const ScanPart &part : splitScans(first, data, budget))
-        if (part.header.spectral[0] == 0) bits = std::max(bits, quint8(part.header.spectral[2] >> 4));
+    std::set<quint8> given;
+    bool isFirst = true;
+    for (const ScanPart &part : splitScans(first, data, budget)) {
+        const auto [start, end, approximation] = part.header.spectral;
+        if (start == 0) bits = std::max(bits, quint8(approximation >> 4));
+        if (start == 0 && approximation >> 4 == 0 && !isFirst)
+            for (const ScanComponent &each : part.header.scan) given.insert(each.id);
+        isFirst = false;
+    }
     first.spectral = {0, 0, bits};
+    if (draft.scanDoubtful && given.size() < first.scan.size())
+        std::erase_if(first.scan, [&](const ScanComponent &each) { return given.count(each.id) > 0; });
 }
 
 std::optional<Solution> solveScans(const Draft &draft, ByteView data, Budget &budget)
 {
     Draft agreed = draft;
-    agreeOnLevels(agreed.header, data, budget);
+    agreeOnFirstScan(agreed, data, budget);
     return ScansSearch(agreed, data, budget).run();
 }
 

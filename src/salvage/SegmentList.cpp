@@ -86,7 +86,12 @@ private:
 bool GapReader::readAsOneSegment()
 {
     const size_t size = m_to - m_from;
-    for (const size_t head : {4U, 3U, 2U, 5U}) {
+    std::array<size_t, 4> heads = {4, 3, 2, 5};
+    // A length that stands says where the body begins: tables of few symbols are sound from more places than one.
+    std::stable_partition(heads.begin(), heads.end(), [&](size_t head) {
+        return head < size && wordAt(m_file, m_from + head - 2) == size - head + 2;
+    });
+    for (const size_t head : heads) {
         if (size <= head + 8 || size >= 1200) continue;
         const BodyClass found = classify(slice(m_file, m_from + head, m_to), m_known);
         if (found.score <= 0.75 || found.marker == 0xDD) continue;
@@ -123,8 +128,9 @@ void GapReader::findQuantTables()
         QuantTable table{};
         std::copy_n(m_file.begin() + qptrdiff(at) + 1, 64, table.begin());
         if (std::find(table.begin(), table.end(), 0) != table.end()) continue;
-        const quint8 before = at > m_from ? m_file[at - 1] : quint8(0x43);
-        const bool behindLength = before == 0x43 || before == 0x84 || before == 0xC5 || at < m_from + 2;
+        const auto endsLength = [](quint8 byte) { return byte == 0x43 || byte == 0x84 || byte == 0xC5; };
+        const bool isLength = m_file[at] == 0 && endsLength(m_file[at + 1]) && m_file[at + 2] < 4;
+        const bool behindLength = at < m_from + 2 ? !isLength : endsLength(m_file[at - 1]);
         const bool smooth = behindLength && std::popcount(roughValues(table)) <= 4
             && *std::max_element(table.begin(), table.end()) > 2 && table[0] < 100;
         if (smooth || m_known.isKnown(table)) add(0xDB, at, at + kQuantBody, at);
