@@ -166,12 +166,13 @@ private:
     std::vector<size_t> m_next; // end of the table there
 };
 
+/// A hit seldom makes another key that can be.
 double Cutter::keyCost(size_t at, HuffmanKey key) const
 {
     const quint8 found = m_body[at];
-    if (isHuffmanKey(found) && tableClass(found) == tableClass(key))
-        return (found & 15) > 1 && !m_progressive ? 0.1 : 0;
-    return kHit;
+    if (!isHuffmanKey(found)) return kHit;
+    if (tableClass(found) != tableClass(key)) return 2 * kHit;
+    return (found & 15) > 1 && !m_progressive ? 0.1 : 0;
 }
 
 void Cutter::addOwn(size_t begin, size_t end, HuffmanKey key, int bad, bool thorough,
@@ -180,7 +181,7 @@ void Cutter::addOwn(size_t begin, size_t end, HuffmanKey key, int bad, bool thor
     const ByteView symbols = slice(m_body, begin + kHead, end);
     const int n = int(symbols.size());
     const double base = keyCost(begin, key) + bad * kHit;
-    if (base > kMostForTable || (tableClass(key) == 0 && n > 12) || bad > std::max(1, n / 3)) return;
+    if (base > kMostForTable || (tableClass(key) == 0 && n > 12) || bad > 1 + n / 2) return;
     const Counts counts = countsAt(begin);
     std::vector<CountsReading> choices = singleReadings(counts, n);
     if (thorough && (choices.empty() || choices.front().cost > 0)) {
