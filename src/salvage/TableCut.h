@@ -18,6 +18,7 @@ struct CutTable
     bool keyLost = false;             ///< the key can't be, or names the other class
     bool asFound = false;             ///< not a byte is in doubt, but the key's
     std::vector<TableOption> options; ///< at least one, the best first
+    std::vector<TableOption> others;  ///< what it may be as a table of the other class; often empty
 };
 
 struct TableCut
