@@ -33,13 +33,15 @@ bool isSound(const DhtReading &reading, ByteView body)
     constexpr size_t kTableHead = 17;
     constexpr size_t kFilling = 2; // bytes that are left over at an end
     size_t covered = 0;
+    bool full = true;
     for (const ReadTable &each : reading.tables) {
         if (each.state != TableState::Sound) return false;
         covered += kTableHead + each.table.symbols.size();
+        full = full && leavesOneCode(each.table.counts);
     }
     // A table that begins later may be made of the end of one whose head is hit.
     const bool fromFront = !reading.tables.empty() && tableAt(body, 0).table == reading.tables.front().table;
-    return fromFront && reading.gaps.empty() && covered + kFilling >= body.size();
+    return fromFront && reading.gaps.empty() && covered + (full ? kFilling : 0) >= body.size();
 }
 
 /// A table that was read, and what else it may have been.

@@ -12,6 +12,7 @@ namespace {
 
 constexpr size_t kHead = 17; // Tc/Th and 16 counts
 constexpr size_t kLongestBody = 1100;
+constexpr size_t kSegmentHead = 4;
 constexpr int kMostSymbols = 176; // legal ones of an AC table, those of a progressive scan included
 constexpr double kNever = std::numeric_limits<double>::infinity();
 
@@ -20,6 +21,7 @@ constexpr double kHit = 1;
 constexpr double kBit = 0.04;
 constexpr double kDescent = 0.05; // most encoders sort the symbols of one length
 constexpr double kFilled = 0.5;   // a table with its holes filled comes before the same with holes
+constexpr double kHeadHit = 0.5;
 constexpr double kMostForTable = 7;
 constexpr size_t kMostOptions = 8;
 
@@ -159,11 +161,16 @@ private:
         std::copy_n(m_body.begin() + qptrdiff(at) + 1, counts.size(), counts.begin());
         return counts;
     }
-    bool thorough(size_t begin, size_t end) const { return begin == 0 && end == m_body.size(); }
+    bool thorough(size_t begin, size_t end) const
+    {
+        return (begin == 0 && end == m_body.size()) || (m_twoHits && isHuffmanKey(m_body[begin]));
+    }
+    void findWay();
 
     ByteView m_body;
     bool m_progressive;
     const KnownTables &m_known;
+    bool m_twoHits = false;     // two counts of a table may be wrong
     std::vector<double> m_cost; // of the way from a place to the end
     std::vector<size_t> m_next; // end of the table there
 };
@@ -300,15 +307,32 @@ void Cutter::findEnds(size_t begin)
     }
 }
 
+void Cutter::findWay()
+{
+    m_cost[m_body.size()] = 0;
+    for (size_t begin = m_body.size() - kHead; begin-- > 0;) {
+        findEnds(begin);
+        // The head of a segment whose marker is hit, and that seems to be a part of the one before it.
+        const size_t end = begin + 2 + wordAt(m_body, begin + 2);
+        if (end > begin + kSegmentHead + kHead && end <= m_body.size() && m_cost[end] < kNever)
+            offer(begin, begin + kSegmentHead, kHeadHit);
+    }
+}
+
 TableCut Cutter::run()
 {
     TableCut cut;
     if (m_body.size() <= kHead || m_body.size() > kLongestBody) return cut;
-    m_cost[m_body.size()] = 0;
-    for (size_t begin = m_body.size() - kHead; begin-- > 0;) findEnds(begin);
+    constexpr double kDear = 2.5;
+    findWay();
+    if (m_cost[0] > kDear) {
+        m_twoHits = true;
+        findWay();
+    }
     if (m_cost[0] == kNever) return cut;
     cut.cost = m_cost[0];
     for (size_t begin = 0; begin < m_body.size(); begin = m_next[begin]) {
+        if (m_next[begin] == begin + kSegmentHead) continue;
         const std::vector<Reading> all = readings(begin, m_next[begin], true);
         const Reading &best = all.front();
         CutTable table{begin, m_next[begin], best.key, best.keyLost, best.asFound, {}, {}};
