@@ -124,16 +124,16 @@ void HuffmanDrafter::take(ByteView body)
 {
     const DhtReading reading = readDht(body, m_draft.progressive);
     if (!isSound(reading, body) && takeCut(body)) return;
-    for (const ReadTable &each : reading.tables) enter({each.key, each.state, {{each.table, TableOrigin::AsFound}}, {}});
+    for (const ReadTable &each : reading.tables)
+        enter({each.key, each.state, {{each.table, TableOrigin::AsFound}}, {}});
     m_gaps.insert(m_gaps.end(), reading.gaps.begin(), reading.gaps.end());
 }
 
 /// The body as nothing but tables, some of them hit. False where too many hits would be needed for that to be true.
 bool HuffmanDrafter::takeCut(ByteView body)
 {
-    constexpr double kMostHits = 8;
     const TableCut cut = cutTables(body, m_draft.progressive, m_known);
-    if (cut.tables.empty() || cut.cost > kMostHits) return false;
+    if (cut.tables.empty()) return false;
     for (const CutTable &each : cut.tables) {
         FoundTable table{each.key, TableState::Sound, each.options, each.others};
         if (!each.asFound) table.state = stateOf(each.key, table.table(), m_draft.progressive);
@@ -151,9 +151,8 @@ std::optional<HuffmanKey> HuffmanDrafter::freeKey(quint8 ofClass, bool neededAlo
     std::vector<HuffmanKey> wanted = neededKeys();
     if (m_draft.progressive && !neededAlone)
         for (quint8 number = 0; number < 4; ++number) wanted.push_back(quint8(ofClass << 4 | number));
-    const auto free = std::find_if(wanted.begin(), wanted.end(), [&](HuffmanKey key) {
-        return tableClass(key) == ofClass && !m_found.count(key);
-    });
+    const auto free = std::find_if(wanted.begin(), wanted.end(),
+                                   [&](HuffmanKey key) { return tableClass(key) == ofClass && !m_found.count(key); });
     return free == wanted.end() ? std::nullopt : std::optional(*free);
 }
 

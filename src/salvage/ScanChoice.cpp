@@ -12,7 +12,8 @@ namespace salvage {
 namespace {
 
 constexpr size_t kNone = size_t(-1);
-constexpr size_t kSmallest = 16; // bytes of entropy data that are worth a try
+constexpr size_t kBetweenScans = 1500; // bytes of the tables between two scans of a picture, at most
+constexpr size_t kSmallest = 16;       // bytes of entropy data that are worth a try
 
 size_t find(ByteView file, size_t from, size_t to, std::initializer_list<quint8> what)
 {
@@ -231,6 +232,7 @@ private:
         const double bytes = double(chain.end - scan.start);
         m_entries.push_back({{scan, chain, 0}, bytes * (scan.score > 0.85 ? 1 : 0.8)});
     }
+    bool leadsToWholeScan(const Scan &scan) const;
     bool followsHeader(const Scan &scan) const;
     size_t mainEntry() const;
     size_t headerFrom(const Candidate &candidate) const;
@@ -270,11 +272,26 @@ void Choice::fill()
                      [](const Entry &a, const Entry &b) { return a.size > b.size; });
 }
 
+/// True where a scan of a whole baseline picture follows: what stands in front of it is no scan.
+bool Choice::leadsToWholeScan(const Scan &scan) const
+{
+    const bool pictureEnds =
+        scan.end + 1 >= m_file.size() || m_file[scan.end + 1] == 0xD9 || m_file[scan.end + 1] == 0xD8;
+    return !pictureEnds && std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
+        const Candidate &other = entry.candidate;
+        const ByteView body = other.scan.body;
+        if (other.scan.at < scan.end || other.scan.at - scan.end > kBetweenScans || other.scan.score < 1) return false;
+        const bool wholeBand = body[body.size() - 3] == 0 && body[body.size() - 2] == 63;
+        return wholeBand && (body[0] > 1 || other.chain.scans == 1);
+    });
+}
+
 /// True for data that follow directly behind a whole header but for its SOS.
 bool Choice::followsHeader(const Scan &scan) const
 {
     if (!isUnbroken(m_file, scan) || !endsSoundly(m_file, scan.at)) return false;
     if (scan.marked) return true;
+    if (leadsToWholeScan(scan)) return false;
     // Another segment whose marker is hit is no data.
     constexpr size_t kLongestTables = 1200;
     const size_t size = scan.end - scan.start;

@@ -48,7 +48,9 @@ void sortByNeighbours(std::vector<quint8> &values, const HuffmanTable &table)
 {
     std::array<bool, 256> there{};
     for (const quint8 symbol : table.symbols) there.at(symbol) = true;
-    const auto has = [&](int run, int size) { return run >= 0 && run < 16 && size <= 10 && there.at(size_t(run << 4 | size)); };
+    const auto has = [&](int run, int size) {
+        return run >= 0 && run < 16 && size <= 10 && there.at(size_t(run << 4 | size));
+    };
     const auto rank = [&](quint8 value) {
         const int run = value >> 4;
         const int size = value & 15;

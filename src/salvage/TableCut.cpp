@@ -23,6 +23,7 @@ constexpr double kDescent = 0.05; // most encoders sort the symbols of one lengt
 constexpr double kFilled = 0.5;   // a table with its holes filled comes before the same with holes
 constexpr double kHeadHit = 0.5;
 constexpr double kMostForTable = 7;
+constexpr double kMostForBody = 8;
 constexpr size_t kMostOptions = 8;
 
 double hitCost(quint8 is, quint8 was)
@@ -329,7 +330,7 @@ TableCut Cutter::run()
         m_twoHits = true;
         findWay();
     }
-    if (m_cost[0] == kNever) return cut;
+    if (m_cost[0] > kMostForBody) return cut;
     cut.cost = m_cost[0];
     for (size_t begin = 0; begin < m_body.size(); begin = m_next[begin]) {
         if (m_next[begin] == begin + kSegmentHead) continue;

@@ -30,7 +30,7 @@ struct TableCut
 
 /// Every place of the body is tried as the end of each table: a table costs what it takes to make its counts leave one
 /// code and its symbols legal, different and ascending, or to make a known table of it. The cheapest way through the
-/// body is taken. Nothing for a body of over 1,100 bytes, or where more than a few hits a table would be needed.
+/// body is taken. Nothing for a body of over 1,100 bytes, or where more than eight hits would be needed.
 TableCut cutTables(ByteView body, bool progressive, const KnownTables &known);
 
 } // namespace salvage
