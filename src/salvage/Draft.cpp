@@ -225,6 +225,7 @@ void Drafter::agreeOnScan()
             scan.push_back({m_frame ? header().components[i].id : quint8(i + 1), quint8(i ? 0x11 : 0x00)});
         draft.steps.insert(Step::ScanFound);
         draft.scanDoubtful = true;
+        if (draft.progressive) header().spectral = {0, 0, 0};
     }
     if (draft.progressive && draft.scanDoubtful) mendFirstScan();
     if (oneScan && !spectralIs(0, 63, 0)) {
