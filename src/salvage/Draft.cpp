@@ -19,7 +19,7 @@ class Drafter
 {
 public:
     Drafter(ByteView file, const Candidate &candidate, const KnownTables &known, const Budget &budget)
-        : m_file(file), m_scan(candidate.scan), m_known(known),
+        : m_file(file), m_scan(candidate.scan), m_chainEnd(std::min(candidate.chain.end, file.size())), m_known(known),
           m_segments(gatherSegments(file, candidate.headerFrom, candidate.scan.at, known, budget))
     {
         draft.severalScans = candidate.chain.scans > 1;
@@ -56,6 +56,7 @@ private:
     void takeFrame();
     void mendFrame();
     void mendIds();
+    quint8 bitsLeft() const;
     void mendFirstScan();
     void agreeOnScan();
     void takeInterval();
@@ -67,6 +68,7 @@ private:
     ByteView m_file;
     const Scan &m_scan;
     bool m_chainProgressive = false;
+    size_t m_chainEnd; // of the scans that follow it
     const KnownTables &m_known;
     std::vector<Segment> m_segments;
     const Segment *m_frame = nullptr;
@@ -94,8 +96,9 @@ void Drafter::takeApps()
     for (const Segment &segment : m_segments) {
         const bool kept = segment.strong && segment.ofMain
             && (segment.marker == 0xFE || (segment.marker > 0 && isApp(quint8(segment.marker))));
-        if (kept && header().apps.size() < kMost)
-            header().apps.push_back(toBytes(slice(m_file, segment.begin, segment.end)));
+        if (!kept || header().apps.size() >= kMost) continue;
+        header().apps.push_back(toBytes(slice(m_file, segment.begin, segment.end)));
+        header().apps.back()[0] = char(0xFF); // which may be lost
     }
 }
 
@@ -191,14 +194,27 @@ void Drafter::mendFrame()
     }
 }
 
-/// The fields of a progressive picture's first scan, which brings the levels of all components, where they can't be.
+/// Bits that the first scan of levels leaves to later ones: as many as the first of these brings down, none without such.
+quint8 Drafter::bitsLeft() const
+{
+    constexpr quint8 kMost = 13;
+    for (size_t at = m_scan.end; at + 8 < m_chainEnd; ++at) {
+        if (m_file[at] != 0xFF || m_file[at + 1] != 0xDA) continue;
+        const ByteView body = slice(m_file, at + 4, at + 2 + wordAt(m_file, at + 2));
+        if (sosScore(body) < 1 || body[body.size() - 3] != 0) continue;
+        const quint8 before = body.back() >> 4;
+        if (before && before <= kMost) return before;
+    }
+    return 0;
+}
+
+/// The fields of a progressive picture's first scan, which brings levels alone.
 void Drafter::mendFirstScan()
 {
     auto &spectral = header().spectral;
-    const bool possible = spectral[0] == 0 && spectral[1] == 0 && spectral[2] < 14;
-    if (!possible && header().scan.size() > 1) spectral = {0, 0, 1};
-    for (size_t i = 0; i < header().scan.size() && spectral[0] == 0; ++i)
-        header().scan[i].tables = quint8(i ? 0x10 : 0x00);
+    if (header().scan.size() > 1 || (spectral[0] == 0 && spectral[1] == 0)) spectral = {0, 0, bitsLeft()};
+    if (spectral[0] != 0) return;
+    for (size_t i = 0; i < header().scan.size(); ++i) header().scan[i].tables = quint8(i ? 0x10 : 0x00);
 }
 
 /// A scan of all components where the picture comes in one, with a made header where there is none.
@@ -215,7 +231,7 @@ void Drafter::agreeOnScan()
             scan.push_back({m_frame ? header().components[i].id : quint8(i + 1), quint8(i ? 0x11 : 0x00)});
         draft.steps.insert(Step::ScanFound);
         draft.scanDoubtful = true;
-        if (draft.progressive) header().spectral = {0, 0, 1};
+        if (draft.progressive) header().spectral = {0, 0, 0};
     }
     if (draft.progressive && draft.scanDoubtful) mendFirstScan();
     if (oneScan && !spectralIs(0, 63, 0)) {

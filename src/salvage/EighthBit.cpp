@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <set>
 
 namespace salvage {
@@ -91,18 +92,70 @@ bool sameBits(quint8 lost, quint8 whole)
     return lost == (whole & 0x7F);
 }
 
-/// Puts the upper bits back into the symbols of one AC table. A run of eight or more is rarer than the same size behind a
-/// run of eight fewer: of two that have become alike the first, which has the shorter code, is the shorter run, and one
-/// that stands alone is that too.
-void restoreSymbols(quint8 *symbols, size_t count)
+/// The symbols of one length with the upper bits put back from place `split` on; 70 was always F0, sixteen zeros.
+std::vector<quint8> splitAt(const quint8 *symbols, size_t count, size_t split)
 {
     constexpr quint8 kZeroRun = 0xF0;
-    std::array<bool, 128> seen{};
+    std::vector<quint8> whole(symbols, symbols + count);
+    for (size_t i = 0; i < count; ++i)
+        if (whole[i] && (i >= split || whole[i] == (kZeroRun & 0x7F))) whole[i] |= kUpper;
+    return whole;
+}
+
+bool ascends(const quint8 *symbols, size_t count)
+{
+    return std::adjacent_find(symbols, symbols + count, std::greater_equal<>()) == symbols + count;
+}
+
+/// Puts the upper bits back into the symbols of one length so that these ascend without one that `seen` has: then the bits
+/// are there from some place on. False where no place does that.
+bool restoreSorted(quint8 *symbols, size_t count, const std::array<bool, 256> &seen)
+{
+    for (size_t split = count + 1; split-- > 0;) {
+        const std::vector<quint8> whole = splitAt(symbols, count, split);
+        const bool fresh = std::none_of(whole.begin(), whole.end(), [&](quint8 symbol) { return seen.at(symbol); });
+        if (!fresh || !ascends(whole.data(), count)) continue;
+        std::copy(whole.begin(), whole.end(), symbols);
+        return true;
+    }
+    return false;
+}
+
+/// Of two symbols that have become alike the first, which has the shorter code, is the shorter run, for a run of eight or
+/// more is rarer than the same size behind a run of eight fewer. One that stands alone is that too.
+void restoreByUse(quint8 *symbols, size_t count)
+{
+    constexpr quint8 kZeroRun = 0xF0;
+    std::array<bool, 256> seen{};
     for (size_t i = 0; i < count; ++i) {
-        quint8 &symbol = symbols[i];
-        if (symbol >= kUpper) continue;
-        if (seen.at(symbol) || symbol == (kZeroRun & 0x7F)) symbol |= kUpper;
-        seen.at(symbol & 0x7F) = true;
+        if (seen.at(symbols[i]) || symbols[i] == (kZeroRun & 0x7F)) symbols[i] |= kUpper;
+        seen.at(symbols[i]) = true;
+    }
+}
+
+/// Puts the upper bits back into the symbols of one AC table: by their use, and, where the encoder has sorted the symbols of
+/// each length but for a few, by their order.
+void restoreSymbols(quint8 *symbols, const Counts &counts)
+{
+    std::vector<quint8> byUse(symbols, symbols + symbolCount(counts));
+    restoreByUse(byUse.data(), byUse.size());
+    int groups = 0;
+    int unsorted = 0;
+    const quint8 *group = byUse.data();
+    for (const quint8 count : counts) {
+        groups += count > 1;
+        unsorted += !ascends(group, count);
+        group += count;
+    }
+    std::array<bool, 256> seen{};
+    const bool sorts = 4 * unsorted <= groups;
+    size_t at = 0;
+    for (const quint8 count : counts) {
+        quint8 *const own = symbols + at;
+        const quint8 *const used = byUse.data() + at;
+        if (!sorts || ascends(used, count) || !restoreSorted(own, count, seen)) std::copy_n(used, count, own);
+        for (size_t i = 0; i < count; ++i) seen.at(own[i]) = true;
+        at += count;
     }
 }
 
@@ -172,7 +225,7 @@ void Restorer::restoreHuffman(const Part &part)
         if (found != all.end())
             std::copy(found->table.symbols.begin(), found->table.symbols.end(), symbols);
         else if (tableClass(*at(table)) == 1)
-            restoreSymbols(symbols, count);
+            restoreSymbols(symbols, counts);
         table += kHuffmanHead + count;
     }
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 #include <numeric>
+#include <optional>
 
 namespace salvage {
 
@@ -32,13 +33,15 @@ bool isSound(const DhtReading &reading, ByteView body)
     constexpr size_t kTableHead = 17;
     constexpr size_t kFilling = 2; // bytes that are left over at an end
     size_t covered = 0;
+    bool full = true;
     for (const ReadTable &each : reading.tables) {
         if (each.state != TableState::Sound) return false;
         covered += kTableHead + each.table.symbols.size();
+        full = full && leavesOneCode(each.table.counts);
     }
     // A table that begins later may be made of the end of one whose head is hit.
     const bool fromFront = !reading.tables.empty() && tableAt(body, 0).table == reading.tables.front().table;
-    return fromFront && reading.gaps.empty() && covered + kFilling >= body.size();
+    return fromFront && reading.gaps.empty() && covered + (full ? kFilling : 0) >= body.size();
 }
 
 /// A table that was read, and what else it may have been.
@@ -47,6 +50,7 @@ struct FoundTable
     HuffmanKey key = 0;
     TableState state = TableState::Sound;
     std::vector<TableOption> options; ///< at least one
+    std::vector<TableOption> others;  ///< as a table of the other class
     const HuffmanTable &table() const { return options.front().table; }
 };
 
@@ -74,6 +78,7 @@ private:
     void take(ByteView body);
     bool takeCut(ByteView body);
     void enter(FoundTable table);
+    std::optional<HuffmanKey> freeKey(quint8 ofClass, bool neededAlone) const;
     void placeLost();
     void useUsualKeys();
     void useFirstKey();
@@ -119,18 +124,18 @@ void HuffmanDrafter::take(ByteView body)
 {
     const DhtReading reading = readDht(body, m_draft.progressive);
     if (!isSound(reading, body) && takeCut(body)) return;
-    for (const ReadTable &each : reading.tables) enter({each.key, each.state, {{each.table, TableOrigin::AsFound}}});
+    for (const ReadTable &each : reading.tables)
+        enter({each.key, each.state, {{each.table, TableOrigin::AsFound}}, {}});
     m_gaps.insert(m_gaps.end(), reading.gaps.begin(), reading.gaps.end());
 }
 
 /// The body as nothing but tables, some of them hit. False where too many hits would be needed for that to be true.
 bool HuffmanDrafter::takeCut(ByteView body)
 {
-    constexpr double kMostHits = 8;
     const TableCut cut = cutTables(body, m_draft.progressive, m_known);
-    if (cut.tables.empty() || cut.cost > kMostHits) return false;
+    if (cut.tables.empty()) return false;
     for (const CutTable &each : cut.tables) {
-        FoundTable table{each.key, TableState::Sound, each.options};
+        FoundTable table{each.key, TableState::Sound, each.options, each.others};
         if (!each.asFound) table.state = stateOf(each.key, table.table(), m_draft.progressive);
         if (each.keyLost)
             m_lost.push_back(std::move(table));
@@ -140,22 +145,35 @@ bool HuffmanDrafter::takeCut(ByteView body)
     return true;
 }
 
-/// Tables without a number get the first that the scan asks for in vain, or else, where more scans follow, the first that
-/// is free.
+/// The first key of a class that the scan asks for in vain, or else, where more scans follow, the first that is free.
+std::optional<HuffmanKey> HuffmanDrafter::freeKey(quint8 ofClass, bool neededAlone) const
+{
+    std::vector<HuffmanKey> wanted = neededKeys();
+    if (m_draft.progressive && !neededAlone)
+        for (quint8 number = 0; number < 4; ++number) wanted.push_back(quint8(ofClass << 4 | number));
+    const auto free = std::find_if(wanted.begin(), wanted.end(),
+                                   [&](HuffmanKey key) { return tableClass(key) == ofClass && !m_found.count(key); });
+    return free == wanted.end() ? std::nullopt : std::optional(*free);
+}
+
+/// Gives keys to the tables that have lost theirs.
 void HuffmanDrafter::placeLost()
 {
     for (FoundTable &table : m_lost) {
-        std::vector<HuffmanKey> wanted = neededKeys();
-        if (m_draft.progressive)
-            for (quint8 number = 0; number < 4; ++number) wanted.push_back(quint8((table.key & 0x10) | number));
-        const auto free = std::find_if(wanted.begin(), wanted.end(), [&](HuffmanKey key) {
-            return tableClass(key) == tableClass(table.key) && !m_found.count(key);
-        });
-        if (free == wanted.end()) {
+        const quint8 own = tableClass(table.key);
+        std::optional<HuffmanKey> key = freeKey(own, true);
+        // What passes for the one class is the other's where only that lacks a table.
+        if (!key && !table.others.empty() && freeKey(own ^ 1, true)) {
+            key = freeKey(own ^ 1, true);
+            std::swap(table.options, table.others);
+            table.state = stateOf(*key, table.table(), m_draft.progressive);
+        }
+        if (!key) key = freeKey(own, false);
+        if (!key) {
             m_spare.push_back(std::move(table));
             continue;
         }
-        table.key = *free;
+        table.key = *key;
         m_found.emplace(table.key, std::move(table));
     }
 }

@@ -78,7 +78,9 @@ Certainty certaintyOf(const Parts &parts)
     const bool sizeFromShape = parts.solution.sizeByCount;
     const bool quantGuessed = parts.quant.replaced > parts.quant.sure;
     if (parts.realigned || quantGuessed || sizeFromShape) return Certainty::Guess;
-    if (parts.solution.fit.perfect && parts.quant.replaced == 0 && !steps.count(Step::CodesMended))
+    // A symbol with another run has as many bits, and may read to the end as well.
+    const bool symbolsSearched = steps.count(Step::SymbolsSearched) > 0;
+    if (parts.solution.fit.perfect && parts.quant.replaced == 0 && !steps.count(Step::CodesMended) && !symbolsSearched)
         return Certainty::Exact;
     return parts.solution.fit.perfect || parts.solution.fit.share > 0.97 ? Certainty::Likely : Certainty::Guess;
 }

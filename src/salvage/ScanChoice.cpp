@@ -1,6 +1,7 @@
 // Which scan of a file is the picture that a person misses, and which are thumbnails.
 #include "salvage/KnownTables.h"
 #include "salvage/ScanFinder.h"
+#include "salvage/SegmentList.h"
 #include "salvage/Structure.h"
 
 #include <algorithm>
@@ -11,7 +12,8 @@ namespace salvage {
 namespace {
 
 constexpr size_t kNone = size_t(-1);
-constexpr size_t kSmallest = 16; // bytes of entropy data that are worth a try
+constexpr size_t kBetweenScans = 1500; // bytes of the tables between two scans of a picture, at most
+constexpr size_t kSmallest = 16;       // bytes of entropy data that are worth a try
 
 size_t find(ByteView file, size_t from, size_t to, std::initializer_list<quint8> what)
 {
@@ -25,6 +27,7 @@ size_t find(ByteView file, size_t from, size_t to, std::initializer_list<quint8>
 /// True where a segment stands at `at` whose length leads to `further` others, or to a scan.
 bool leadsOn(ByteView file, size_t at, int further)
 {
+    if (at < file.size() && file[at] != 0xFF && leadsOnWithoutFF(file, at, file.size())) return true;
     if (at + 3 >= file.size() || file[at] != 0xFF || !isHeaderMarker(file[at + 1]) || file[at + 1] == 0xD8)
         return false;
     return further == 0 || file[at + 1] == 0xDA || leadsOn(file, at + 2 + wordAt(file, at + 2), further - 1);
@@ -35,6 +38,39 @@ bool isUsualName(ByteView body)
     for (const char *name : {"Exif", "MPF", "Phot", "http", "JFXX", "ICC_", "FPXR", "Adob", "Duck"})
         if (startsWith(body, name)) return true;
     return false;
+}
+
+/// End of the segment at `at`, whose marker may have lost its FF; 0 if none stands there.
+size_t segmentEnd(ByteView file, size_t at)
+{
+    if (at + 4 >= file.size()) return 0;
+    if (file[at] != 0xFF) return leadsOnWithoutFF(file, at, file.size()) ? at + 1 + wordAt(file, at + 1) : 0;
+    const quint8 marker = file[at + 1];
+    const size_t end = at + 2 + wordAt(file, at + 2);
+    return isHeaderMarker(marker) && marker != 0xD8 && end >= at + 4 ? end : 0;
+}
+
+bool isSoundBody(quint8 marker, ByteView body)
+{
+    if (marker == 0xC4) return isAllTables(body);
+    if (marker == 0xDB) return dqtScore(body) > 0.9;
+    if (marker == 0xDD) return body.size() == 2;
+    return isFrame(marker) ? sofScore(body) > 0.7 : isApp(marker) || marker == 0xFE;
+}
+
+/// APP segments of the chain that begins at the file's start, whether or not each has its FF.
+void addAppsOfChain(ByteView file, std::vector<Range> &ranges)
+{
+    constexpr int kMostSegments = 4000;
+    size_t at = 2;
+    for (int n = 0; n < kMostSegments; ++n) {
+        const size_t end = segmentEnd(file, at);
+        if (end == 0 || !segmentEnd(file, end)) return;
+        const size_t begin = file[at] == 0xFF ? at : at - 1;
+        if (file[begin + 1] == 0xDA) return;
+        if (isApp(file[begin + 1]) && file[begin + 1] != 0xE0) ranges.push_back({begin, end});
+        at = end;
+    }
 }
 
 void addApps(ByteView file, const Budget &budget, std::vector<Range> &ranges)
@@ -102,7 +138,7 @@ void addExifThumbnails(ByteView file, std::vector<Range> &ranges)
 bool isNested(ByteView file, const Scan &scan, const Range &range)
 {
     if (scan.at < range.begin || scan.at >= range.end) return false;
-    const bool inApp = file[range.begin] == 0xFF && isApp(file[range.begin + 1]) && file[range.begin + 1] != 0xE0;
+    const bool inApp = isApp(file[range.begin + 1]) && file[range.begin + 1] != 0xE0;
     const size_t near = range.end > 64 ? range.end - 64 : 0;
     return inApp || scan.end <= range.end + 8
         || find(file, std::max(scan.at, near), range.end + 64, {0xFF, 0xD9}) != kNone;
@@ -133,7 +169,7 @@ Area areaOf(ByteView file, const Scan &scan)
     return {};
 }
 
-/// True for a whole chain of segments, with tables, from the file's start to the scan.
+/// True for a whole chain of segments, with tables, from the file's start to the scan. Some may have lost their FF.
 bool isUnbroken(ByteView file, const Scan &scan)
 {
     if (file.size() < 4 || file[0] != 0xFF || file[1] != 0xD8) return false;
@@ -142,12 +178,33 @@ bool isUnbroken(ByteView file, const Scan &scan)
     constexpr int kMostSegments = 4000;
     size_t at = 2;
     for (int n = 0; at < scan.at; ++n) {
-        if (n == kMostSegments || !leadsOn(file, at, 0)) return false;
-        quant = quant || file[at + 1] == 0xDB;
-        huffman = huffman || file[at + 1] == 0xC4;
-        at += 2 + std::max<size_t>(2, wordAt(file, at + 2));
+        const size_t end = segmentEnd(file, at);
+        if (n == kMostSegments || end == 0) return false;
+        const quint8 marker = file[at] == 0xFF ? file[at + 1] : file[at];
+        quant = quant || marker == 0xDB;
+        huffman = huffman || marker == 0xC4;
+        at = end;
     }
+    // A scan header without its FF seems to begin a byte early.
+    if (at == scan.at + 1 && file[at] == 0xDA) --at;
     return at == scan.at && quant && huffman;
+}
+
+/// True where the last segment of a header that ends at `end` is what its marker says, to its last byte.
+bool endsSoundly(ByteView file, size_t end)
+{
+    constexpr int kMostSegments = 4000;
+    size_t at = 2;
+    for (int n = 0; n < kMostSegments; ++n) {
+        const size_t next = segmentEnd(file, at);
+        if (next == 0) return false;
+        if (next >= end) {
+            const size_t body = file[at] == 0xFF ? at + 4 : at + 3;
+            return next == end && isSoundBody(file[body - 3], slice(file, body, end));
+        }
+        at = next;
+    }
+    return false;
 }
 
 /// The candidates of one file, largest first, and the choice among them.
@@ -175,7 +232,8 @@ private:
         const double bytes = double(chain.end - scan.start);
         m_entries.push_back({{scan, chain, 0}, bytes * (scan.score > 0.85 ? 1 : 0.8)});
     }
-    bool beginsKnownChain(const Scan &scan);
+    bool leadsToWholeScan(const Scan &scan) const;
+    bool followsHeader(const Scan &scan) const;
     size_t mainEntry() const;
     size_t headerFrom(const Candidate &candidate) const;
     Candidate withFirstScan(const Candidate &candidate);
@@ -207,8 +265,7 @@ void Choice::fill()
     double largest = 0;
     for (const Entry &entry : m_entries)
         largest = std::max(largest, double(entry.candidate.chain.end - entry.candidate.scan.start));
-    if (!hidden && bare.end > bare.start
-        && (double(bare.end - bare.start) > 1.5 * largest || beginsKnownChain(bare) || isUnbroken(m_file, bare)))
+    if (!hidden && bare.end > bare.start && (double(bare.end - bare.start) > 1.5 * largest || followsHeader(bare)))
         add(bare);
     if (m_entries.empty())
         for (const Scan &scan : nested) add(scan);
@@ -216,13 +273,34 @@ void Choice::fill()
                      [](const Entry &a, const Entry &b) { return a.size > b.size; });
 }
 
-/// True for data behind which the scans follow that a candidate begins with: the picture's first scan has lost its header.
-bool Choice::beginsKnownChain(const Scan &scan)
+/// True where a scan of a whole baseline picture follows: what stands in front of it is no scan.
+bool Choice::leadsToWholeScan(const Scan &scan) const
 {
-    const size_t end = m_chains.from(scan).end;
-    return std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
-        return entry.candidate.chain.end == end && scan.end <= entry.candidate.scan.at;
+    const bool pictureEnds =
+        scan.end + 1 >= m_file.size() || m_file[scan.end + 1] == 0xD9 || m_file[scan.end + 1] == 0xD8;
+    return !pictureEnds && std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
+        const Candidate &other = entry.candidate;
+        const ByteView body = other.scan.body;
+        if (other.scan.at < scan.end || other.scan.at - scan.end > kBetweenScans || other.scan.score < 1) return false;
+        const bool wholeBand = body[body.size() - 3] == 0 && body[body.size() - 2] == 63;
+        return wholeBand && (body[0] > 1 || other.chain.scans == 1);
     });
+}
+
+/// True for data that follow directly behind a whole header but for its SOS.
+bool Choice::followsHeader(const Scan &scan) const
+{
+    if (!isUnbroken(m_file, scan) || !endsSoundly(m_file, scan.at)) return false;
+    if (scan.marked) return true;
+    if (leadsToWholeScan(scan)) return false;
+    // Another segment whose marker is hit is no data.
+    constexpr size_t kLongestTables = 1200;
+    const size_t size = scan.end - scan.start;
+    for (const size_t head : {4U, 3U, 2U, 5U})
+        if (size > head + 8 && size < kLongestTables
+            && classify(slice(m_file, scan.start + head, scan.end), m_known).score > 0.75)
+            return false;
+    return true;
 }
 
 /// The first picture of the file that isn't small against the largest, or hangs together with the file's start.
@@ -232,7 +310,7 @@ size_t Choice::mainEntry() const
     const double largest = m_entries[0].size;
     for (size_t i = 0; i < m_entries.size(); ++i) {
         const Scan &scan = m_entries[i].candidate.scan;
-        if (scan.score <= 0.85 && !isUnbroken(m_file, scan)) continue;
+        if (scan.score <= 0.85 && !followsHeader(scan)) continue;
         if (m_entries[i].size < 0.12 * largest && !isUnbroken(m_file, scan)) continue;
         const bool covered = std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry &other) {
             return &other != &m_entries[i] && other.candidate.scan.start <= scan.at
@@ -308,6 +386,7 @@ std::vector<Range> nestedRanges(ByteView file, const Budget &budget)
 {
     std::vector<Range> ranges;
     addApps(file, budget, ranges);
+    addAppsOfChain(file, ranges);
     addExifThumbnails(file, ranges);
     return ranges;
 }

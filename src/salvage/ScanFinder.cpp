@@ -141,7 +141,8 @@ void ScanList::addMarked(size_t at)
     const size_t length = wordAt(m_file, at + 2);
     const bool usual = length == 8 || length == 10 || length == 12 || length == 14;
     const double score = usual ? sosScore(slice(m_file, at + 4, at + 2 + length)) : 0;
-    if (score > 0.8) {
+    const bool otherIsSound = sosScore(slice(m_file, at + 4, at + 14)) == 1; // of three components
+    if (score > 0.8 && (score == 1 || !otherIsSound)) {
         add(at, at + 4, at + 2 + length, score, true);
         return;
     }
@@ -263,6 +264,7 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
         if (file[end] == 0xFF && end + 1 < file.size() && isHeaderMarker(file[end + 1])
             && (file[end + 1] != 0xDA || hasSoundScanHeader(file, end)))
             continue;
+        if (file[end] != 0xFF && leadsOnWithoutFF(file, end, file.size())) continue;
         Scan scan;
         scan.at = end;
         scan.start = behindSpoiltHeader(file, end);

@@ -174,6 +174,7 @@ void BaselineSearch::noteTables()
                 if (option.table != table->second) continue;
                 if (option.origin == TableOrigin::Known) m_best->steps.insert(Step::TablesKnown);
                 if (option.origin == TableOrigin::CountsMended) m_best->steps.insert(Step::CountsMended);
+                if (option.origin == TableOrigin::SymbolsSearched) m_best->steps.insert(Step::SymbolsSearched);
             }
         }
     }

@@ -31,7 +31,7 @@ bool isStrong(ByteView file, size_t at, size_t to, size_t end, Patience &patienc
     if (end > to || end < at + 4) return false;
     if (end == to) return true;
     const bool leadsOn = end + 1 < to && file[end] == 0xFF && (isHeaderMarker(file[end + 1]) || file[end + 1] == 0xFF);
-    return leadsOn || isWhole(file[at + 1], slice(file, at + 4, end), patience);
+    return leadsOn || isWhole(file[at + 1], slice(file, at + 4, end), patience) || leadsOnWithoutFF(file, end, to);
 }
 
 /// Looks in a gap for whatever has the shape of a table or a frame.
@@ -223,6 +223,13 @@ std::vector<Segment> walkSegments(ByteView file, size_t from, size_t to, const B
     };
     for (size_t at = from; at < to && !poll.stopped();) {
         size_t end = 0;
+        // Directly behind a segment the marker's second byte is enough.
+        if (at == gap && at > from && file[at] != 0xFF && leadsOnWithoutFF(file, at, to)) {
+            end = at + 1 + wordAt(file, at + 1);
+            segments.push_back({file[at], at - 1, end, slice(file, at + 3, end), true, true});
+            at = gap = end;
+            continue;
+        }
         if (file[at] == 0xFF && at + 1 < file.size()) {
             const quint8 marker = file[at + 1];
             if (marker == 0xD8 || marker == 0xD9) {
@@ -259,6 +266,8 @@ BodyClass classify(ByteView body, const KnownTables &known)
 std::vector<Segment> gatherSegments(ByteView file, size_t from, size_t to, const KnownTables &known,
                                     const Budget &budget)
 {
+    // The scan's header may have lost its FF, and seem to begin a byte early.
+    if (to + 1 < file.size() && file[to] != 0xFF && file[to + 1] == 0xDA) ++to;
     std::vector<Segment> all;
     std::vector<Segment> walked = walkSegments(file, from, to, budget);
     const size_t readFrom = firstGapToRead(walked);

@@ -15,7 +15,7 @@ struct Segment
     static constexpr int kGap = -1;
 
     int marker = kGap; ///< second byte, by the body where that says otherwise; kGap for a range that is no segment
-    size_t begin = 0;  ///< of the marker
+    size_t begin = 0;  ///< of the marker, whose FF may be another byte where it was lost
     size_t end = 0;
     ByteView body;
     bool strong = false; ///< marker and length stand, and lead to a marker or hold a body that is sound by itself

@@ -302,6 +302,23 @@ double dhtScore(ByteView body, const KnownTables &known)
                                                                                                                 : 0;
 }
 
+bool leadsOnWithoutFF(ByteView file, size_t at, size_t to)
+{
+    constexpr int kMostInARow = 12; // headers have no more segments
+    to = std::min(to, file.size());
+    for (int n = 0; n < kMostInARow && at + 3 < to; ++n) {
+        const quint8 marker = file[at];
+        const size_t end = at + 1 + wordAt(file, at + 1);
+        if (!isHeaderMarker(marker) || marker == 0xD8 || end < at + 3 || end > to) return false;
+        const ByteView body = slice(file, at + 3, end);
+        if (marker == 0xDA) return sosScore(body) > 0.8;
+        const bool sound = (isFrame(marker) && sofScore(body) == 1) || (marker == 0xC4 && isAllTables(body));
+        if (sound || end == to || (file[end] == 0xFF && end + 1 < to && isHeaderMarker(file[end + 1]))) return true;
+        at = end;
+    }
+    return false;
+}
+
 bool isHeaderMarker(quint8 marker)
 {
     return isFrame(marker) || marker == 0xC4 || marker == 0xD8 || marker == 0xDA || marker == 0xDB || marker == 0xDD

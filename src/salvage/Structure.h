@@ -52,6 +52,10 @@ double sofScore(ByteView body);
 double dqtScore(ByteView body);
 double dhtScore(ByteView body, const KnownTables &known);
 
+/// True where segments stand that have lost the FF of their marker: the length at `at` + 1 leads to a sound marker before
+/// `to`, to a body that is sound by itself, to another such segment, or to `to`.
+bool leadsOnWithoutFF(ByteView file, size_t at, size_t to);
+
 /// True for the second byte of a marker that stands in a header: SOI, SOF0 to SOF2, DHT, SOS, DQT, DRI, APPn, COM.
 bool isHeaderMarker(quint8 marker);
 /// True for a byte that may be the key of a Huffman table: classes 0 and 1, numbers 0 to 3.

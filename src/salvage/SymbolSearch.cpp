@@ -42,6 +42,28 @@ struct State
     }
 };
 
+/// A table that has a run and size has, as a rule, the shorter run and the smaller size too: the values that close a gap
+/// come first, then those at the edge of what is there, and of the rest none.
+void sortByNeighbours(std::vector<quint8> &values, const HuffmanTable &table)
+{
+    std::array<bool, 256> there{};
+    for (const quint8 symbol : table.symbols) there.at(symbol) = true;
+    const auto has = [&](int run, int size) {
+        return run >= 0 && run < 16 && size <= 10 && there.at(size_t(run << 4 | size));
+    };
+    const auto rank = [&](quint8 value) {
+        const int run = value >> 4;
+        const int size = value & 15;
+        if (size == 0) return 0; // end of block, and sixteen zeros
+        const bool below = (run == 0 || has(run - 1, size)) && (size == 1 || has(run, size - 1));
+        const bool above = has(run + 1, size) || has(run, size + 1);
+        return above ? 0 : below ? 1 : 2;
+    };
+    std::stable_sort(values.begin(), values.end(), [&](quint8 a, quint8 b) { return rank(a) < rank(b); });
+    const auto far = std::find_if(values.begin(), values.end(), [&](quint8 value) { return rank(value) == 2; });
+    if (far - values.begin() > 12) values.erase(far, values.end());
+}
+
 class SymbolSearch
 {
 public:
@@ -92,12 +114,17 @@ void SymbolSearch::tryValues(const State &state, const Hole &hole,
     State tried;
     tried.holes = state.holes;
     tried.holes.erase(std::find(tried.holes.begin(), tried.holes.end(), hole));
-    for (const quint8 value : valuesFor(hole.key, table, hole.place, m_doubts.at(hole.key), fixed, false)) {
-        if (spent() || best.rank == State::Rank::Perfect) return;
+    std::vector<quint8> values = valuesFor(hole.key, table, hole.place, m_doubts.at(hole.key), fixed, false);
+    if (tableClass(hole.key) == 1) sortByNeighbours(values, table);
+    constexpr int kEnough = 20; // values that read no further: this isn't the hole that stops the decoder
+    int tries = 0;
+    for (const quint8 value : values) {
+        if (spent() || best.rank == State::Rank::Perfect || tries == kEnough) return;
         tried.header = state.header;
         std::vector<quint8> &symbols = tried.header.huffman.at(hole.key).symbols;
         symbols[hole.place] = value;
         rate(tried);
+        if (tries >= 0) tries = tried.symbols > state.symbols ? -1 : tries + 1;
         if (tried.rank == State::Rank::Perfect)
             best = tried;
         else if (tried.betterThan(state))

@@ -12,6 +12,7 @@ namespace {
 
 constexpr size_t kHead = 17; // Tc/Th and 16 counts
 constexpr size_t kLongestBody = 1100;
+constexpr size_t kSegmentHead = 4;
 constexpr int kMostSymbols = 176; // legal ones of an AC table, those of a progressive scan included
 constexpr double kNever = std::numeric_limits<double>::infinity();
 
@@ -19,7 +20,10 @@ constexpr double kNever = std::numeric_limits<double>::infinity();
 constexpr double kHit = 1;
 constexpr double kBit = 0.04;
 constexpr double kDescent = 0.05; // most encoders sort the symbols of one length
+constexpr double kFilled = 0.5;   // a table with its holes filled comes before the same with holes
+constexpr double kHeadHit = 0.5;
 constexpr double kMostForTable = 7;
+constexpr double kMostForBody = 8;
 constexpr size_t kMostOptions = 8;
 
 double hitCost(quint8 is, quint8 was)
@@ -147,6 +151,7 @@ private:
     std::vector<Reading> readings(size_t begin, size_t end, bool thorough) const;
     void addOwn(size_t begin, size_t end, HuffmanKey tableClass, int bad, bool thorough,
                 std::vector<Reading> &readings) const;
+    void addFilled(const Reading &reading, std::vector<Reading> &readings) const;
     void addKnown(size_t begin, size_t end, std::vector<Reading> &readings) const;
     void findEnds(size_t begin);
     void offer(size_t begin, size_t end, double cost);
@@ -157,21 +162,58 @@ private:
         std::copy_n(m_body.begin() + qptrdiff(at) + 1, counts.size(), counts.begin());
         return counts;
     }
-    bool thorough(size_t begin, size_t end) const { return begin == 0 && end == m_body.size(); }
+    bool thorough(size_t begin, size_t end) const
+    {
+        return (begin == 0 && end == m_body.size()) || (m_twoHits && isHuffmanKey(m_body[begin]));
+    }
+    void findWay();
 
     ByteView m_body;
     bool m_progressive;
     const KnownTables &m_known;
+    bool m_twoHits = false;     // two counts of a table may be wrong
     std::vector<double> m_cost; // of the way from a place to the end
     std::vector<size_t> m_next; // end of the table there
 };
 
+/// A hit seldom makes another key that can be.
 double Cutter::keyCost(size_t at, HuffmanKey key) const
 {
     const quint8 found = m_body[at];
-    if (isHuffmanKey(found) && tableClass(found) == tableClass(key))
-        return (found & 15) > 1 && !m_progressive ? 0.1 : 0;
-    return kHit;
+    if (!isHuffmanKey(found)) return kHit;
+    if (tableClass(found) != tableClass(key)) return 2 * kHit;
+    return (found & 15) > 1 && !m_progressive ? 0.1 : 0;
+}
+
+/// The levels that occur in a picture are all sizes up to the largest: what is missing has stood in the places that are hit.
+void Cutter::addFilled(const Reading &reading, std::vector<Reading> &readings) const
+{
+    constexpr size_t kMostHits = 3;
+    std::array<bool, 12> seen{};
+    std::vector<size_t> places;
+    const std::vector<quint8> &symbols = reading.option.table.symbols;
+    for (size_t i = 0; i < symbols.size(); ++i) {
+        if (symbols[i] >= seen.size() || seen.at(symbols[i]))
+            places.push_back(i);
+        else
+            seen.at(symbols[i]) = true;
+    }
+    std::vector<quint8> missing;
+    for (quint8 value = 0; value < seen.size() && missing.size() < places.size(); ++value)
+        if (!seen.at(value)) missing.push_back(value);
+    if (places.size() > kMostHits || missing.size() < places.size()) return;
+    std::vector<Reading> all;
+    do {
+        Reading filled = reading;
+        filled.option.origin = TableOrigin::SymbolsSearched;
+        std::vector<quint8> &values = filled.option.table.symbols;
+        for (size_t i = 0; i < places.size(); ++i) values[places[i]] = missing[i];
+        filled.cost += kDescent * descents(filled.option.table.counts, {values.data(), values.size()}) - kFilled;
+        all.push_back(std::move(filled));
+    } while (std::next_permutation(missing.begin(), missing.end()));
+    std::stable_sort(all.begin(), all.end(), [](const Reading &a, const Reading &b) { return a.cost < b.cost; });
+    constexpr size_t kMostFilled = 2;
+    readings.insert(readings.end(), all.begin(), all.begin() + qptrdiff(std::min(kMostFilled, all.size())));
 }
 
 void Cutter::addOwn(size_t begin, size_t end, HuffmanKey key, int bad, bool thorough,
@@ -179,8 +221,10 @@ void Cutter::addOwn(size_t begin, size_t end, HuffmanKey key, int bad, bool thor
 {
     const ByteView symbols = slice(m_body, begin + kHead, end);
     const int n = int(symbols.size());
-    const double base = keyCost(begin, key) + bad * kHit;
-    if (base > kMostForTable || (tableClass(key) == 0 && n > 12) || bad > std::max(1, n / 3)) return;
+    // An AC table has seldom so few symbols.
+    double base = keyCost(begin, key) + bad * kHit;
+    if (tableClass(key) == 1 && n <= 12) base += kHit / 2;
+    if (base > kMostForTable || (tableClass(key) == 0 && n > 12) || bad > 1 + n / 2) return;
     const Counts counts = countsAt(begin);
     std::vector<CountsReading> choices = singleReadings(counts, n);
     if (thorough && (choices.empty() || choices.front().cost > 0)) {
@@ -200,6 +244,7 @@ void Cutter::addOwn(size_t begin, size_t end, HuffmanKey key, int bad, bool thor
         reading.asFound = choice.cost == 0 && bad == 0;
         reading.option = {{choice.counts, {symbols.begin(), symbols.end()}},
                           choice.cost > 0 ? TableOrigin::CountsMended : TableOrigin::AsFound};
+        if (tableClass(key) == 0 && bad > 0) addFilled(reading, readings);
         readings.push_back(std::move(reading));
     }
 }
@@ -263,22 +308,40 @@ void Cutter::findEnds(size_t begin)
     }
 }
 
+void Cutter::findWay()
+{
+    m_cost[m_body.size()] = 0;
+    for (size_t begin = m_body.size() - kHead; begin-- > 0;) {
+        findEnds(begin);
+        // The head of a segment whose marker is hit, and that seems to be a part of the one before it.
+        const size_t end = begin + 2 + wordAt(m_body, begin + 2);
+        if (end > begin + kSegmentHead + kHead && end <= m_body.size() && m_cost[end] < kNever)
+            offer(begin, begin + kSegmentHead, kHeadHit);
+    }
+}
+
 TableCut Cutter::run()
 {
     TableCut cut;
     if (m_body.size() <= kHead || m_body.size() > kLongestBody) return cut;
-    m_cost[m_body.size()] = 0;
-    for (size_t begin = m_body.size() - kHead; begin-- > 0;) findEnds(begin);
-    if (m_cost[0] == kNever) return cut;
+    constexpr double kDear = 2.5;
+    findWay();
+    if (m_cost[0] > kDear) {
+        m_twoHits = true;
+        findWay();
+    }
+    if (m_cost[0] > kMostForBody) return cut;
     cut.cost = m_cost[0];
     for (size_t begin = 0; begin < m_body.size(); begin = m_next[begin]) {
+        if (m_next[begin] == begin + kSegmentHead) continue;
         const std::vector<Reading> all = readings(begin, m_next[begin], true);
         const Reading &best = all.front();
-        CutTable table{begin, m_next[begin], best.key, best.keyLost, best.asFound, {}};
+        CutTable table{begin, m_next[begin], best.key, best.keyLost, best.asFound, {}, {}};
         for (const Reading &each : all) {
-            if (tableClass(each.key) != tableClass(best.key) || table.options.size() >= kMostOptions) continue;
-            if (best.asFound && each.cost > best.cost + 3) break;
-            table.options.push_back(each.option);
+            const bool ofClass = tableClass(each.key) == tableClass(best.key);
+            std::vector<TableOption> &options = ofClass ? table.options : table.others;
+            if (options.size() >= kMostOptions || (ofClass && best.asFound && each.cost > best.cost + 3)) continue;
+            options.push_back(each.option);
         }
         cut.tables.push_back(std::move(table));
     }

@@ -18,6 +18,7 @@ struct CutTable
     bool keyLost = false;             ///< the key can't be, or names the other class
     bool asFound = false;             ///< not a byte is in doubt, but the key's
     std::vector<TableOption> options; ///< at least one, the best first
+    std::vector<TableOption> others;  ///< what it may be as a table of the other class; often empty
 };
 
 struct TableCut
@@ -29,7 +30,7 @@ struct TableCut
 
 /// Every place of the body is tried as the end of each table: a table costs what it takes to make its counts leave one
 /// code and its symbols legal, different and ascending, or to make a known table of it. The cheapest way through the
-/// body is taken. Nothing for a body of over 1,100 bytes, or where more than a few hits a table would be needed.
+/// body is taken. Nothing for a body of over 1,100 bytes, or where more than eight hits would be needed.
 TableCut cutTables(ByteView body, bool progressive, const KnownTables &known);
 
 } // namespace salvage
