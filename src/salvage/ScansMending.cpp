@@ -147,7 +147,7 @@ void mendCodes(const Header &header, ScansData &scans, Budget &budget)
     constexpr size_t kMostValues = 40'000'000; // each trial copies them
     if (scans.codesMended() == 0 || !header.decodable() || !header.fitsMemory()) return;
     const QByteArray joined = scans.joined();
-    const std::vector<ScanPart> parts = splitScans(header, view(joined), budget);
+    const std::vector<ScanPart> parts = splitScans(header, view(joined));
     if (parts.size() != scans.scans.size()) return;
     Header whole = header;
     whole.scan.resize(whole.components.size());

@@ -161,7 +161,7 @@ void TestSalvageScans::countsLeaveFewSizes()
     QVERIFY(header);
     const ByteView data = view(file).subspan(dataAt);
     Budget budget;
-    const std::optional<ScanCounts> counts = countScans(splitScans(*header, data, budget), data, budget);
+    const std::optional<ScanCounts> counts = countScans(splitScans(*header, data), data, budget);
     QVERIFY(counts);
     QCOMPARE(counts->mcus, 21U * 16);
     QVERIFY(counts->blocks == (std::vector<quint32>{41 * 31, 21 * 16, 21 * 16}));
@@ -174,7 +174,7 @@ void TestSalvageScans::countsLeaveFewSizes()
 
     Header other = *header;
     other.components[0].h = 1;
-    QVERIFY(!countScans(splitScans(other, data, budget), data, budget));
+    QVERIFY(!countScans(splitScans(other, data), data, budget));
 }
 
 void TestSalvageScans::breaksAreCountedFromTheEnd_data()
