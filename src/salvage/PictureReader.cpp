@@ -133,14 +133,14 @@ size_t nextMarker(ByteView data, size_t from)
     return data.size();
 }
 
-std::vector<ScanPart> splitScans(const Header &header, ByteView data, const Budget &budget, bool *ended)
+std::vector<ScanPart> splitScans(const Header &header, ByteView data, bool *ended)
 {
     std::vector<ScanPart> parts;
     Header current = header;
     current.apps.clear();
     bool atEnd = false;
     size_t at = 0;
-    while (parts.size() < kMostScans && !budget.stopped()) {
+    while (parts.size() < kMostScans) {
         const size_t end = nextMarker(data, at);
         parts.push_back({current, at, end});
         atEnd = end + 3 >= data.size();
@@ -162,7 +162,7 @@ ScansReading readScans(const Header &header, ByteView data, Budget &budget)
     reading.picture = Coefficients(whole);
     std::set<quint8> seen;
     bool ended = false;
-    const std::vector<ScanPart> parts = splitScans(header, data, budget, &ended);
+    const std::vector<ScanPart> parts = splitScans(header, data, &ended);
     for (const ScanPart &part : parts) {
         if (budget.stopped()) break;
         const Header &own = part.header;

@@ -34,7 +34,7 @@ struct ScanPart
 };
 /// The scans of `data`, of which `header` describes the first, strictly by their markers; at most 100. `ended` gets whether
 /// an EOI or the end of the data came behind the last one.
-std::vector<ScanPart> splitScans(const Header &header, ByteView data, const Budget &budget, bool *ended = nullptr);
+std::vector<ScanPart> splitScans(const Header &header, ByteView data, bool *ended = nullptr);
 
 /// Decodes `data` from the first scan of `header` on, through all tables and scans that follow it. Stops early, with what
 /// is read, when the budget's stop was asked for. Takes memory for one picture; nothing is read of one that is too large.

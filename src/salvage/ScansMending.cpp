@@ -36,8 +36,8 @@ public:
     {
     }
 
-    /// The best choices for `count` codes.
-    Trial run(size_t count);
+    /// The best choices for `count` codes; several where more than one lets the scan be read whole.
+    std::vector<Trial> run(size_t count);
 
 private:
     QByteArray bytesBy(const std::vector<Code> &codes) const;
@@ -97,26 +97,47 @@ bool CodeMender::improve(Trial &best, std::vector<Code> codes)
     return best.perfect();
 }
 
-Trial CodeMender::run(size_t count)
+std::vector<Trial> CodeMender::run(size_t count)
 {
     constexpr size_t kMostCodes = 40;
     constexpr int kRounds = 2;
-    Trial best = attempt(std::vector<Code>(count, Code::Hit));
-    if (best.perfect() || count > kMostCodes) return best;
+    std::vector<Trial> whole;
+    Trial best;
     // Mostly all of them came about in one way.
-    for (const Code code : {Code::ZeroLost, Code::ZeroHit})
-        if (improve(best, std::vector<Code>(count, code))) return best;
-    for (int round = 0; round < kRounds; ++round) {
+    for (const Code code : {Code::Hit, Code::ZeroLost, Code::ZeroHit}) {
+        Trial trial = attempt(std::vector<Code>(count, code));
+        if (code == Code::Hit || trial.betterThan(best)) best = trial;
+        if (trial.perfect()) whole.push_back(std::move(trial));
+        if (count == 0 || count > kMostCodes || m_budget.spent()) break;
+    }
+    if (!whole.empty()) return whole;
+    for (int round = 0; round < kRounds && count <= kMostCodes; ++round) {
         for (size_t i = 0; i < count; ++i) {
             for (const Code code : {Code::Hit, Code::ZeroHit, Code::ZeroLost}) {
                 std::vector<Code> codes = best.codes;
                 if (codes[i] == code) continue;
                 codes[i] = code;
-                if (improve(best, codes)) return best;
+                if (improve(best, codes)) return {best};
             }
         }
     }
-    return best;
+    return {best};
+}
+
+/// A scan may be read whole by chance; the scans that refine it aren't then.
+Trial likeliest(std::vector<Trial> &&trials, const Header &header, ScansData &scans, RawScan &scan, Budget &budget)
+{
+    size_t best = 0;
+    quint64 most = 0;
+    for (size_t i = 0; i < trials.size() && trials.size() > 1; ++i) {
+        scan.bytes = trials[i].bytes;
+        const QByteArray joined = scans.joined();
+        const quint64 done = readScans(header, view(joined), budget).done;
+        if (done <= most) continue;
+        most = done;
+        best = i;
+    }
+    return std::move(trials[best]);
 }
 
 } // namespace
@@ -126,7 +147,7 @@ void mendCodes(const Header &header, ScansData &scans, Budget &budget)
     constexpr size_t kMostValues = 40'000'000; // each trial copies them
     if (scans.codesMended() == 0 || !header.decodable() || !header.fitsMemory()) return;
     const QByteArray joined = scans.joined();
-    const std::vector<ScanPart> parts = splitScans(header, view(joined), budget);
+    const std::vector<ScanPart> parts = splitScans(header, view(joined));
     if (parts.size() != scans.scans.size()) return;
     Header whole = header;
     whole.scan.resize(whole.components.size());
@@ -135,7 +156,7 @@ void mendCodes(const Header &header, ScansData &scans, Budget &budget)
     for (size_t i = 0; i < parts.size() && !budget.spent(); ++i) {
         RawScan &scan = scans.scans[i];
         CodeMender mender(parts[i], scan.raw, picture, budget);
-        Trial best = mender.run(size_t(scan.codesMended));
+        Trial best = likeliest(mender.run(size_t(scan.codesMended)), header, scans, scan, budget);
         scan.bytes = best.bytes;
         picture = std::move(best.reading.picture);
     }

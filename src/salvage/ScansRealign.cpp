@@ -294,7 +294,7 @@ std::optional<Coefficients> realignScans(const Header &header, const ScansData &
     whole.scan.resize(whole.components.size());
     if (quint64(header.mcuCount()) * quint64(Coefficients(whole).blocksPerMcu()) > kMostUnits) return std::nullopt;
     const QByteArray joined = scans.joined();
-    return ScansRealigner(header, budget).run(splitScans(header, view(joined), budget), view(joined));
+    return ScansRealigner(header, budget).run(splitScans(header, view(joined)), view(joined));
 }
 
 } // namespace salvage

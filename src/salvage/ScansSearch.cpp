@@ -115,7 +115,7 @@ bool ScansSearch::attempt(const Header &header, std::optional<Step> step)
 /// The scans of the data as the tables of `header` begin them; gives a header without a frame the components of all scans.
 std::vector<ScanPart> ScansSearch::partsBy(Header &header) const
 {
-    std::vector<ScanPart> parts = splitScans(header, m_data, m_budget);
+    std::vector<ScanPart> parts = splitScans(header, m_data);
     if (!header.components.empty()) return parts;
     constexpr size_t kMostComponents = 4;
     std::set<quint8> seen;
@@ -255,14 +255,14 @@ void ScansSearch::noteTables()
 
 /// What the later scans say of a first one whose header was spoilt: the one that gives the last bit of the levels tells how
 /// many bits were left out, and components with a first scan of their own have none in this.
-void agreeOnFirstScan(Draft &draft, ByteView data, const Budget &budget)
+void agreeOnFirstScan(Draft &draft, ByteView data)
 {
     Header &first = draft.header;
     if (!first.progressive() || first.spectral[0] > 0 || first.spectral[2] >> 4) return;
     quint8 bits = 0;
     std::set<quint8> given;
     bool isFirst = true;
-    for (const ScanPart &part : splitScans(first, data, budget)) {
+    for (const ScanPart &part : splitScans(first, data)) {
         const auto [start, end, approximation] = part.header.spectral;
         if (start == 0) bits = std::max(bits, quint8(approximation >> 4));
         if (start == 0 && approximation >> 4 == 0 && !isFirst)
@@ -277,7 +277,7 @@ void agreeOnFirstScan(Draft &draft, ByteView data, const Budget &budget)
 std::optional<Solution> solveScans(const Draft &draft, ByteView data, Budget &budget)
 {
     Draft agreed = draft;
-    agreeOnFirstScan(agreed, data, budget);
+    agreeOnFirstScan(agreed, data);
     return ScansSearch(agreed, data, budget).run();
 }
 

@@ -26,7 +26,7 @@ quint32 countUnits(const ScanPart &part, ByteView data, Budget &budget, std::vec
     std::vector<qint16> blocks(size_t(scan.blocksPerUnit()) * 64);
     quint32 units = 0;
     while (!scan.atEnd()) {
-        if (units == kMostUnits || (units % kStopEvery == 0 && budget.stopped())) return 0;
+        if (units == kMostUnits || ((units + 1) % kStopEvery == 0 && budget.stopped())) return 0;
         if (!scan.readLoose(blocks.data())) return 0;
         ++units;
         if (levels) levels->push_back(blocks[0]);

@@ -150,7 +150,7 @@ double against(int taken, const Filling &filling)
 {
     switch (filling.certainty) {
     case Filling::Certainty::Sure: return 3.0 * std::abs(taken - filling.lines);
-    case Filling::Certainty::Some: return std::min(5.0, 1.0 * std::abs(taken - filling.lines));
+    case Filling::Certainty::Some: return std::min(5.0, 1.5 * std::abs(taken - filling.lines));
     case Filling::Certainty::None: break;
     }
     return 0;
