@@ -157,8 +157,8 @@ void Drafter::mendIds()
     const bool scanDiffers = scanIds.size() == scan.size();
     if (ids.size() == components.size() && scanFits && (scanDiffers || !sameCount)) return;
     draft.steps.insert(Step::FrameMended);
-    // A frame that is sound in every field stays: later scans may go by its ids too.
-    if (sameCount && draft.frameFirm && ids.size() == components.size()) {
+    // A frame that is sound in every field stays where the scan isn't: later scans may go by its ids too.
+    if (sameCount && draft.frameFirm && draft.scanDoubtful && ids.size() == components.size()) {
         for (size_t i = 0; i < scan.size(); ++i) scan[i].id = components[i].id;
         return;
     }
