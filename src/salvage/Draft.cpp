@@ -161,8 +161,10 @@ void Drafter::mendIds()
     const bool scanDiffers = scanIds.size() == scan.size();
     if (ids.size() == components.size() && scanFits && (scanDiffers || !sameCount)) return;
     draft.steps.insert(Step::FrameMended);
-    // A frame that is sound in every field stays, and so does that of several scans: later ones go by its ids too.
-    if (sameCount && ids.size() == components.size() && (draft.frameFirm || draft.severalScans)) {
+    // A frame that is sound in every field stays where the scan isn't, and so does that of several scans: later ones go by
+    // its ids too.
+    const bool frameHolds = draft.severalScans || (draft.frameFirm && draft.scanDoubtful);
+    if (sameCount && frameHolds && ids.size() == components.size()) {
         for (size_t i = 0; i < scan.size(); ++i) scan[i].id = components[i].id;
         return;
     }

@@ -143,7 +143,11 @@ void BaselineSearch::trySymbols()
     Header other = m_best->header;
     for (const auto &[key, options] : m_draft.options) {
         const bool many = options.front().table.symbols.size() > 100;
-        other.huffman[key] = (many ? options.back() : options.front()).table;
+        // What was put into the holes of a table closes them to the search.
+        const auto open = std::find_if(options.begin(), options.end(), [](const TableOption &option) {
+            return option.origin != TableOrigin::SymbolsSearched;
+        });
+        other.huffman[key] = (many || open == options.end() ? options.back() : *open).table;
     }
     if (other.huffman != starts.front().huffman) starts.push_back(other);
     for (const Header &start : starts) {

@@ -17,6 +17,25 @@ quint32 units(quint32 pixels, int unit)
     return (pixels + quint32(unit) - 1) / quint32(unit);
 }
 
+/// The frame's size with another upper byte of one side, so that there are `mcus` MCUs of `header`: most hits change one byte,
+/// and the lower one tells where the side ends within its last MCU. 0 x 0 if no such size is left, or more than one.
+PictureSize withUpperByteMended(const Header &header, quint32 mcus, const PictureSize &found)
+{
+    PictureSize only;
+    const auto consider = [&](const PictureSize &size) {
+        const bool fits = units(size.width, header.mcuWidth()) * units(size.height, header.mcuHeight()) == mcus;
+        if (!fits || !size.width || !size.height || size == only) return true;
+        const bool first = only.width == 0;
+        only = size;
+        return first;
+    };
+    for (quint32 upper = 0; upper < 0x100 && found.width && found.height; ++upper) {
+        const auto mended = [&](quint16 side) { return quint16(upper << 8 | (side & 0xFF)); };
+        if (!consider({found.width, mended(found.height)}) || !consider({mended(found.width), found.height})) return {};
+    }
+    return only;
+}
+
 class SizeSearch
 {
 public:
@@ -61,6 +80,8 @@ Sized SizeSearch::sizeByHeader(const Header &header, quint32 mcus) const
         if (size.width && size.height && units(size.width, wide) * units(size.height, high) == mcus)
             return {size, false, false};
     if (!m_draft.hasFrame) return {};
+    if (const PictureSize size = withUpperByteMended(header, mcus, {found.width, found.height}); size.width)
+        return {size, false, false};
     if (found.width && mcus % units(found.width, wide) == 0) {
         const quint32 height = mcus / units(found.width, wide) * quint32(high);
         if (height <= kMostSide) return {{found.width, quint16(height)}, false, true};
@@ -139,8 +160,11 @@ std::optional<Solution> SizeSearch::attempt(const Sampling &sampling, const Tabl
     const bool isFrames = m_draft.hasFrame && sized.size == PictureSize{m_draft.header.width, m_draft.header.height};
     if (!isFrames) solution.steps.insert(Step::SizeFound);
     solution.sizeFound = !isFrames;
-    solution.sizeByCount = sized.openWidth || sized.openHeight;
-    if (solution.fit.perfect && solution.sizeByCount) trim(header, sized);
+    const bool open = sized.openWidth || sized.openHeight;
+    const auto &given = m_draft.exifSizes;
+    const bool isGiven = isFrames || std::find(given.begin(), given.end(), sized.size) != given.end();
+    solution.sizeByCount = open || !isGiven;
+    if (solution.fit.perfect && open) trim(header, sized);
     return solution;
 }
 

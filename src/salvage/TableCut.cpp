@@ -185,10 +185,35 @@ double Cutter::keyCost(size_t at, HuffmanKey key) const
     return (found & 15) > 1 && !m_progressive ? 0.1 : 0;
 }
 
-/// The levels that occur in a picture are all sizes up to the largest: what is missing has stood in the places that are hit.
+/// The sizes of levels that occur in a picture leave no gap: what is missing between those that stand has stood in the
+/// places that are hit, and beyond them the next ones below or above.
+std::vector<std::vector<quint8>> missingSizes(const std::array<bool, 12> &seen, size_t places)
+{
+    const auto first = size_t(std::find(seen.begin(), seen.end(), true) - seen.begin());
+    const auto end = size_t(seen.rend() - std::find(seen.rbegin(), seen.rend(), true));
+    std::vector<std::vector<quint8>> sets;
+    std::vector<quint8> between;
+    for (size_t size = first; size < end; ++size)
+        if (!seen.at(size)) between.push_back(quint8(size));
+    if (first >= end || between.size() > places) return sets;
+    const size_t beyond = places - between.size();
+    for (size_t below = std::min(beyond, first) + 1; below-- > 0;) {
+        const size_t above = beyond - below;
+        if (end + above > seen.size()) continue;
+        std::vector<quint8> set;
+        for (size_t i = below; i > 0; --i) set.push_back(quint8(first - i));
+        set.insert(set.end(), between.begin(), between.end());
+        for (size_t i = 0; i < above; ++i) set.push_back(quint8(end + i));
+        sets.push_back(std::move(set));
+    }
+    return sets;
+}
+
+/// Adds the readings of a DC table whose places that are hit are filled with the sizes that are missing.
 void Cutter::addFilled(const Reading &reading, std::vector<Reading> &readings) const
 {
     constexpr size_t kMostHits = 3;
+    constexpr size_t kMostFilled = 3;
     std::array<bool, 12> seen{};
     std::vector<size_t> places;
     const std::vector<quint8> &symbols = reading.option.table.symbols;
@@ -198,21 +223,19 @@ void Cutter::addFilled(const Reading &reading, std::vector<Reading> &readings) c
         else
             seen.at(symbols[i]) = true;
     }
-    std::vector<quint8> missing;
-    for (quint8 value = 0; value < seen.size() && missing.size() < places.size(); ++value)
-        if (!seen.at(value)) missing.push_back(value);
-    if (places.size() > kMostHits || missing.size() < places.size()) return;
+    if (places.size() > kMostHits) return;
     std::vector<Reading> all;
-    do {
-        Reading filled = reading;
-        filled.option.origin = TableOrigin::SymbolsSearched;
-        std::vector<quint8> &values = filled.option.table.symbols;
-        for (size_t i = 0; i < places.size(); ++i) values[places[i]] = missing[i];
-        filled.cost += kDescent * descents(filled.option.table.counts, {values.data(), values.size()}) - kFilled;
-        all.push_back(std::move(filled));
-    } while (std::next_permutation(missing.begin(), missing.end()));
+    for (std::vector<quint8> &missing : missingSizes(seen, places.size())) {
+        do {
+            Reading filled = reading;
+            filled.option.origin = TableOrigin::SymbolsSearched;
+            std::vector<quint8> &values = filled.option.table.symbols;
+            for (size_t i = 0; i < places.size(); ++i) values[places[i]] = missing[i];
+            filled.cost += kDescent * descents(filled.option.table.counts, {values.data(), values.size()}) - kFilled;
+            all.push_back(std::move(filled));
+        } while (std::next_permutation(missing.begin(), missing.end()));
+    }
     std::stable_sort(all.begin(), all.end(), [](const Reading &a, const Reading &b) { return a.cost < b.cost; });
-    constexpr size_t kMostFilled = 2;
     readings.insert(readings.end(), all.begin(), all.begin() + qptrdiff(std::min(kMostFilled, all.size())));
 }
 

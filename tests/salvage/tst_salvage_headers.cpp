@@ -165,6 +165,10 @@ void TestSalvageHeaders::headersComeBack_data()
     row("SOS: lost, progressive", damaged(kProgressive).remove(upTo(SOS), 14), kProgressive);
     row("SOS: lost, a thumbnail in Exif", Damage(jpeg(withThumbnail)).remove(upTo(SOS), 14), withThumbnail);
     row("SOS: lost, a preview behind", damaged(kOwn).remove(upTo(SOS), 14).append(jpeg(kKnown, 160, 120)), kOwn);
+    row("SOF: an id, progressive", damaged(kProgressive).put(at(SOF2) + 14, "\x87"), kProgressive);
+    const QByteArray odd = jpeg(kOwn, 318, 237); // sides that end inside their last MCU
+    QTest::newRow("SOF: upper byte of the height") << Damage(odd).put(at(SOF0) + 3, "\x1E").bytes() << odd;
+    QTest::newRow("SOF: upper byte of the width") << Damage(odd).put(at(SOF0) + 5, "\x09").bytes() << odd;
     row("DHT: DC called AC", damaged(kOwn).put(at(DHT, 2) + 2, "\x10"), kOwn);
     row("DHT: a count too low for its length", damaged(kOwn).put(at(DHT, 3) + 9, "\x01"), kOwn);
     row("DHT: first of a progressive picture, key", damaged(kProgressive).put(at(DHT, 1) + 2, "\xE4"), kProgressive);
