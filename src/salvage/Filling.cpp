@@ -41,8 +41,7 @@ private:
 /// The eight rows of a hole's block run from the line above to the line below; fine patterns fade sooner than coarse ones.
 void HoleFiller::fillBlock(size_t component, quint32 column, quint32 row, Sides sides)
 {
-    constexpr size_t kFrequencies = 4; // of each direction; more would be made up
-    constexpr float kFade = 0.35F;     // for each block and frequency
+    constexpr float kFade = 0.35F; // for each block and frequency
     static const std::array<quint8, 64> kZigZag = [] {
         std::array<quint8, 64> places{};
         for (size_t z = 0; z < 64; ++z) places.at(kNaturalOrder[z]) = quint8(z);
@@ -61,7 +60,7 @@ void HoleFiller::fillBlock(size_t component, quint32 column, quint32 row, Sides 
     if (sides.below >= 0) lower = edgeLine(m_picture.block(component, column, quint32(sides.below)), quant, 0);
     const auto rowsAbove = float(sides.above >= 0 ? qint64(row) - sides.above - 1 : 1'000);
     const auto rowsBelow = float(sides.below >= 0 ? sides.below - qint64(row) - 1 : 1'000);
-    for (size_t u = 0; u < kFrequencies; ++u) {
+    for (size_t u = 0; u < 8; ++u) {
         Line samples{};
         for (size_t y = 0; y < 8; ++y) {
             const float up = rowsAbove + (float(y) + 1) / 8;
@@ -71,7 +70,7 @@ void HoleFiller::fillBlock(size_t component, quint32 column, quint32 row, Sides 
             samples[y] = upper[u] * (1 - share) * std::exp(-fade * up) + lower[u] * share * std::exp(-fade * down);
         }
         const Line down = forwardDct(samples);
-        for (size_t v = 0; v < kFrequencies; ++v) {
+        for (size_t v = 0; v < 8; ++v) {
             const size_t z = kZigZag.at(v * 8 + u);
             const float most = z ? 1023 : 2047;
             const auto step = float(std::max<quint16>(1, quant[z]));

@@ -10,13 +10,13 @@ namespace salvage {
 
 namespace {
 
-constexpr int kMilliseconds = 1'500; // of searching, for one stream
-constexpr quint32 kFirm = 48;        // MCUs without an error that chance hardly gives
-constexpr quint32 kWeak = 12;        // MCUs that are taken where nothing better is near
-constexpr quint32 kBackMcus = 16;    // an error shows some MCUs behind its cause
-constexpr size_t kNear = 256;        // bytes behind the first firm place that are looked through for a better one
-constexpr size_t kFar = 6'000;       // bytes after which a weak one has to do
-constexpr size_t kZeroSector = 500;  // zeros in a row
+constexpr int kMilliseconds = 800;  // of searching, for one stream
+constexpr quint32 kFirm = 48;       // MCUs without an error that chance hardly gives
+constexpr quint32 kWeak = 12;       // MCUs that are taken where nothing better is near
+constexpr quint32 kBackMcus = 16;   // an error shows some MCUs behind its cause
+constexpr size_t kNear = 256;       // bytes behind the first firm place that are looked through for a better one
+constexpr size_t kFar = 6'000;      // bytes after which a weak one has to do
+constexpr size_t kZeroSector = 500; // zeros in a row
 
 struct Range
 {

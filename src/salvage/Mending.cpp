@@ -2,6 +2,7 @@
 
 #include "salvage/PictureReader.h"
 #include "salvage/ScanRepair.h"
+#include "salvage/Sectors.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,8 +13,8 @@ namespace {
 
 constexpr quint32 kMostMcus = 60'000; // to realign
 constexpr quint32 kMostIntervalMcus = 1'000'000;
-constexpr int kMilliseconds = 5'000;
-constexpr double kBetter = 0.98; // of the looks of the plain decode, that a mended scan must come to
+constexpr int kMilliseconds = 5'000; // for all of it
+constexpr double kBetter = 0.98;     // of the looks of the plain decode, that a mended scan must come to
 
 /// Writes a patchwork as a scan of its own.
 Mended written(const Header &header, Patchwork &&work, std::set<Step> steps)
@@ -67,12 +68,11 @@ private:
 std::optional<Patchwork> realigned(const Header &header, ByteView data, Judge &judge, double &least, Budget &budget)
 {
     std::optional<Patchwork> best;
-    const int begin = budget.elapsed();
     const quint32 mcus = header.mcuCount();
     const McuStream stream = readStream(header, data, mcus + std::max(64U, mcus / 4), budget);
     for (const RealignWay way :
          {RealignWay{false, false}, RealignWay{false, true}, RealignWay{true, false}, RealignWay{true, true}}) {
-        if (budget.stopped() || budget.late() || budget.elapsed() - begin > kMilliseconds) break;
+        if (budget.stopped() || budget.late()) break;
         std::optional<Patchwork> work = realign(header, stream, way, budget);
         if (!work) continue;
         const double own = judge.looks(*work);
@@ -132,6 +132,15 @@ std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, Ju
     return written(header, std::move(*best), std::move(steps));
 }
 
+std::optional<Mended> mendWithin(const Header &header, const ScanData &data, Budget &budget)
+{
+    if (std::optional<QByteArray> undone = undoSectors(header, data, budget))
+        return Mended{header, std::move(*undone), {Step::Realigned}, 1};
+    Judge judge(header, view(data.bytes), budget);
+    return header.restartInterval ? mendByIntervals(header, data, judge, budget)
+                                  : mendByEdges(header, data, judge, budget);
+}
+
 } // namespace
 
 double Patchwork::share() const
@@ -153,13 +162,14 @@ Coefficients pictureAsShown(const Header &header, ByteView data, Budget &budget)
 
 std::optional<Mended> mendScan(const Header &header, const ScanData &data, Budget &budget)
 {
-    if (header.frame != 0xC0 || header.scan.size() != header.components.size()) return std::nullopt;
+    if (header.progressive() || header.scan.size() != header.components.size()) return std::nullopt;
     const auto hasQuant = [&](const Component &each) { return header.quant.count(each.quant) > 0; };
     if (!header.fitsMemory() || !header.decodable()) return std::nullopt;
     if (!std::all_of(header.components.begin(), header.components.end(), hasQuant)) return std::nullopt;
-    Judge judge(header, view(data.bytes), budget);
-    return header.restartInterval ? mendByIntervals(header, data, judge, budget)
-                                  : mendByEdges(header, data, judge, budget);
+    Budget own([&budget] { return budget.stopped() || budget.late(); }, kMilliseconds);
+    std::optional<Mended> mended = mendWithin(header, data, own);
+    for (int i = 0; i < own.decodes(); ++i) budget.countDecode();
+    return mended;
 }
 
 } // namespace salvage

@@ -101,7 +101,9 @@ void mendData(Parts &parts, const ScanData &data, Budget &budget)
 {
     const auto &steps = parts.solution.steps;
     const bool ownSize = !steps.count(Step::SizeFound) && !steps.count(Step::SymbolsSearched);
-    if (parts.solution.fit.perfect || parts.solution.fit.share <= 0 || !ownSize) return;
+    // Codes that were mended by a guess are damage, even where the data are read to their end.
+    const bool sound = parts.solution.fit.perfect && data.codesMended == 0;
+    if (sound || parts.solution.fit.share <= 0 || !ownSize) return;
     std::optional<Mended> mended = mendScan(parts.solution.header, data, budget);
     if (!mended) return;
     parts.solution.header = std::move(mended->header);

@@ -11,7 +11,7 @@ namespace salvage {
 namespace {
 
 constexpr int kMostEvents = 400;
-constexpr int kMilliseconds = 1'500; // of one way
+constexpr int kMilliseconds = 1'000; // of one way
 constexpr qint64 kMostRows = 24;     // of MCUs, that a hole may be high
 constexpr size_t kMostPairs = 256;   // MCUs that are compared at a time
 

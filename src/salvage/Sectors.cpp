@@ -1,0 +1,162 @@
+#include "salvage/Sectors.h"
+
+#include "salvage/McuReader.h"
+#include "salvage/ScanRepair.h"
+
+#include <algorithm>
+
+namespace salvage {
+
+namespace {
+
+constexpr std::array<size_t, 2> kSizes = {4096, 512};
+constexpr int kMilliseconds = 1'000; // for swaps
+constexpr int kMostRated = 60;       // swaps by which the data are read on for a while
+constexpr size_t kMostData = 8'000'000;
+
+bool isWhole(const Header &header, const QByteArray &data, Budget &budget)
+{
+    return decode(header, view(data), budget).perfect;
+}
+
+std::optional<QByteArray> withoutDouble(const Header &header, ByteView data, Budget &budget)
+{
+    StopPoll poll(budget);
+    for (const size_t size : kSizes) {
+        size_t equal = 0;
+        for (size_t at = 0; at + size < data.size() && !poll.stopped(); ++at) {
+            equal = data[at] == data[at + size] ? equal + 1 : 0;
+            if (equal < size) continue;
+            QByteArray once = toBytes(data).remove(int(at + 1), int(size));
+            if (isWhole(header, once, budget)) return once;
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Looks for the sector that belongs in the place of the one in which the reading fails.
+class SwapSearch
+{
+public:
+    SwapSearch(const Header &header, const ScanData &data, Budget &budget)
+        : m_header(header), m_data(data.raw), m_begin(data.offset), m_budget(budget), m_start(budget.elapsed())
+    {
+    }
+
+    std::optional<QByteArray> run();
+
+private:
+    void readToError();
+    void tryPlace(size_t at, size_t size);
+    bool readsOn(const McuReader::Place &from, size_t at, size_t other, size_t size) const;
+    QByteArray swapped(size_t at, size_t other, size_t size) const;
+    void rate(const QByteArray &data);
+    bool outOfTime() const
+    {
+        return m_budget.stopped() || m_budget.late() || m_budget.elapsed() - m_start > kMilliseconds;
+    }
+
+    const Header &m_header;
+    ByteView m_data;
+    size_t m_begin; // of the data in the file, to which sectors are aligned
+    Budget &m_budget;
+    int m_start;
+    std::vector<McuReader::Place> m_places;
+    size_t m_error = 0;
+    int m_rated = 0;
+    double m_least = 1e18;
+    std::optional<QByteArray> m_best;
+};
+
+void SwapSearch::readToError()
+{
+    McuReader reader(m_header, m_data);
+    const quint32 count = m_header.mcuCount();
+    while (m_places.size() < count && !(m_places.size() % 512 == 0 && outOfTime())) {
+        m_places.push_back(reader.place());
+        if (reader.readMcu(nullptr) != Fit::Error::None) break;
+    }
+    m_error = reader.reader.position();
+}
+
+QByteArray SwapSearch::swapped(size_t at, size_t other, size_t size) const
+{
+    QByteArray data = toBytes(m_data);
+    std::swap_ranges(data.begin() + qptrdiff(at), data.begin() + qptrdiff(at + size), data.begin() + qptrdiff(other));
+    return data;
+}
+
+/// True if the data are read beyond the sector at `at` with that at `other` in its place.
+bool SwapSearch::readsOn(const McuReader::Place &from, size_t at, size_t other, size_t size) const
+{
+    constexpr size_t kBehind = 256;
+    const size_t begin = from.offset > 2 ? from.offset - 2 : 0;
+    QByteArray bytes = toBytes(slice(m_data, begin, at)) + toBytes(slice(m_data, other, other + size));
+    const size_t crossed = size_t(bytes.size());
+    bytes += other == at + size ? toBytes(slice(m_data, at, at + size))
+                                : toBytes(slice(m_data, at + size, at + size + 2 * kBehind));
+    McuReader reader(m_header, view(bytes));
+    McuReader::Place place = from;
+    place.offset -= begin;
+    reader.goTo(place);
+    const size_t wanted = std::min(crossed + kBehind, size_t(bytes.size()) - 1);
+    while (reader.reader.position() < wanted)
+        if (reader.readMcu(nullptr) != Fit::Error::None) return false;
+    return true;
+}
+
+void SwapSearch::rate(const QByteArray &data)
+{
+    if (m_rated++ >= kMostRated || !isWhole(m_header, data, m_budget)) return;
+    const Coefficients picture = [&] {
+        Coefficients read(m_header);
+        DecodeWish wish;
+        wish.values = &read.values;
+        decode(m_header, view(data), m_budget, wish);
+        return read;
+    }();
+    const double own = meanUnfit(picture, m_header, std::vector<bool>(picture.mcuCount(), true), m_budget);
+    if (own >= m_least) return;
+    m_least = own;
+    m_best = data;
+}
+
+void SwapSearch::tryPlace(size_t at, size_t size)
+{
+    const auto behind = std::find_if(m_places.begin(), m_places.end(),
+                                     [at](const McuReader::Place &place) { return place.offset > at; });
+    if (behind == m_places.begin()) return;
+    const McuReader::Place from = *(behind - 1);
+    for (size_t other = at % size; other + size <= m_data.size() && !outOfTime(); other += size)
+        if (other != at && readsOn(from, at, other, size)) rate(swapped(at, other, size));
+}
+
+std::optional<QByteArray> SwapSearch::run()
+{
+    constexpr size_t kBack = 2; // sectors in front of the error in which its cause may lie
+    readToError();
+    for (const size_t size : kSizes) {
+        const size_t first = (size - m_begin % size) % size; // sector that lies in the data
+        if (m_error < first) continue;
+        const size_t last = (m_error - first) / size;
+        for (size_t back = 0; back <= std::min(last, kBack) && !outOfTime(); ++back) {
+            const size_t at = first + (last - back) * size;
+            if (at + size <= m_data.size()) tryPlace(at, size);
+        }
+        if (m_best) break;
+    }
+    return std::move(m_best);
+}
+
+} // namespace
+
+std::optional<QByteArray> undoSectors(const Header &header, const ScanData &data, Budget &budget)
+{
+    if (data.raw.size() > kMostData) return std::nullopt;
+    std::optional<QByteArray> undone = withoutDouble(header, data.raw, budget);
+    if (!undone && header.restartInterval == 0) undone = SwapSearch(header, data, budget).run();
+    return undone;
+}
+
+} // namespace salvage
