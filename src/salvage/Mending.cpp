@@ -97,18 +97,16 @@ std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, Ju
     ScanRepair repair(header, budget);
     const ScanRepair::Outcome outcome = repair.run(data.raw, 0, header.mcuCount());
     if (outcome.complete && outcome.changes) {
-        Mended mended;
-        mended.header = header;
-        mended.data = outcome.data;
-        mended.steps = {Step::HitsRepaired};
-        mended.share = 1;
-        return mended;
+        Patchwork even = repair.work();
+        if (evenLevels(even, header, budget) && judge.looks(even) < judge.looks(repair.work()))
+            return written(header, std::move(even), {Step::HitsRepaired});
+        return Mended{header, outcome.data, {Step::HitsRepaired}, 1};
     }
     double least = kBetter;
     std::optional<Patchwork> best;
     std::set<Step> steps;
-    if (outcome.changes && outcome.read == header.mcuCount()) {
-        // Read to the end, if not to the last byte: the changes alone may do.
+    if (outcome.changes) {
+        // If not read to the last byte: the changes alone may do.
         const double own = judge.looks(repair.work());
         if (own < least) {
             least = own;
@@ -129,6 +127,8 @@ std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, Ju
         }
     }
     if (!best) return std::nullopt;
+    Patchwork even = *best;
+    if (evenLevels(even, header, budget) && judge.looks(even) < least) best = std::move(even);
     return written(header, std::move(*best), std::move(steps));
 }
 

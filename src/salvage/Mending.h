@@ -38,6 +38,10 @@ struct Patchwork
 /// alone; where there is neither, the level of the left neighbour.
 void fillHoles(Patchwork &work, const Header &header);
 
+/// Takes back jumps of the levels (DC) of a component that begin at some MCU of a row and stay so from there on. True if
+/// there were some.
+bool evenLevels(Patchwork &work, const Header &header, Budget &budget);
+
 /// Each restart interval decoded for itself and put where its marker's number says; markers that are hit or lost are found
 /// by where the data of an interval end; single hits within an interval are repaired. Nothing where none could be read.
 std::optional<Patchwork> resynchronise(const Header &header, const ScanData &data, Budget &budget);

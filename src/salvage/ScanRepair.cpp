@@ -120,6 +120,21 @@ double unfitOf(const McuEdge &edge, const McuEdge *above, const McuEdge *before,
     return weight > 0 ? std::min(kWorst, value / weight) : 0;
 }
 
+std::vector<float> unfitsOf(const Coefficients &picture, const Header &header, const Budget &budget)
+{
+    std::vector<McuEdge> row(picture.mcusWide); // the last MCU of each column
+    std::vector<float> unfits(picture.mcuCount());
+    for (quint32 index = 0; index < picture.mcuCount(); ++index) {
+        if (index % 256 == 0 && budget.stopped()) break;
+        const quint32 column = index % picture.mcusWide;
+        const McuEdge edge = edgeOf(picture.mcu(index), picture, header);
+        const McuEdge *above = index >= picture.mcusWide ? &row[column] : nullptr;
+        unfits[index] = float(unfitOf(edge, above, column ? &row[column - 1] : nullptr, picture.sampling));
+        row[column] = edge;
+    }
+    return unfits;
+}
+
 double meanUnfit(const Coefficients &picture, const Header &header, const std::vector<bool> &have, const Budget &budget)
 {
     constexpr double kHole = 1.5; // times the middle: a hole costs more than what fits, and less than what doesn't

@@ -4,6 +4,7 @@
 #include "salvage/ScanRepair.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace salvage {
 
@@ -51,7 +52,8 @@ private:
     void tryPlace(size_t at, size_t size);
     bool readsOn(const McuReader::Place &from, size_t at, size_t other, size_t size) const;
     QByteArray swapped(size_t at, size_t other, size_t size) const;
-    void rate(const QByteArray &data);
+    void rate(size_t at, size_t other, size_t size);
+    std::pair<quint32, quint32> mcusAround(ByteView data, size_t at, size_t size) const;
     bool outOfTime() const
     {
         return m_budget.stopped() || m_budget.late() || m_budget.elapsed() - m_start > kMilliseconds;
@@ -106,18 +108,40 @@ bool SwapSearch::readsOn(const McuReader::Place &from, size_t at, size_t other, 
     return true;
 }
 
-void SwapSearch::rate(const QByteArray &data)
+/// Numbers of the MCUs that lie in a sector, and of those of a row behind it.
+std::pair<quint32, quint32> SwapSearch::mcusAround(ByteView data, size_t at, size_t size) const
 {
-    if (m_rated++ >= kMostRated || !isWhole(m_header, data, m_budget)) return;
-    const Coefficients picture = [&] {
-        Coefficients read(m_header);
-        DecodeWish wish;
-        wish.values = &read.values;
-        decode(m_header, view(data), m_budget, wish);
-        return read;
-    }();
-    const double own = meanUnfit(picture, m_header, std::vector<bool>(picture.mcuCount(), true), m_budget);
-    if (own >= m_least) return;
+    McuReader reader(m_header, data);
+    quint32 first = 0;
+    quint32 last = 0;
+    for (quint32 i = 0; i < m_header.mcuCount() && reader.reader.position() < at + size; ++i) {
+        if (reader.reader.position() < at) first = i;
+        if (reader.readMcu(nullptr) != Fit::Error::None) break;
+        last = i;
+    }
+    return {first, std::min(m_header.mcuCount(), last + m_header.mcusWide() + 1)};
+}
+
+/// A swap by which the data happen to be read to their end leaves a seam; the right one leaves none.
+void SwapSearch::rate(size_t at, size_t other, size_t size)
+{
+    constexpr double kNoSeam = 2;
+    if (m_rated++ >= kMostRated) return;
+    const QByteArray data = swapped(at, other, size);
+    Coefficients picture(m_header);
+    DecodeWish wish;
+    wish.values = &picture.values;
+    if (!decode(m_header, view(data), m_budget, wish).perfect) return;
+    std::vector<float> unfits = unfitsOf(picture, m_header, m_budget);
+    double own = 0;
+    for (const size_t sector : {at, other}) {
+        const auto [from, to] = mcusAround(view(data), sector, size);
+        const double sum = std::accumulate(unfits.begin() + from, unfits.begin() + to, 0.0);
+        own = std::max(own, sum / std::max(1U, to - from));
+    }
+    std::nth_element(unfits.begin(), unfits.begin() + qptrdiff(unfits.size() / 2), unfits.end());
+    const double usual = double(unfits[unfits.size() / 2]);
+    if (own >= m_least || own > kNoSeam * usual + 4) return;
     m_least = own;
     m_best = data;
 }
@@ -129,7 +153,7 @@ void SwapSearch::tryPlace(size_t at, size_t size)
     if (behind == m_places.begin()) return;
     const McuReader::Place from = *(behind - 1);
     for (size_t other = at % size; other + size <= m_data.size() && !outOfTime(); other += size)
-        if (other != at && readsOn(from, at, other, size)) rate(swapped(at, other, size));
+        if (other != at && readsOn(from, at, other, size)) rate(at, other, size);
 }
 
 std::optional<QByteArray> SwapSearch::run()
