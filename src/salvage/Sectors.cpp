@@ -125,7 +125,8 @@ std::pair<quint32, quint32> SwapSearch::mcusAround(ByteView data, size_t at, siz
 /// A swap by which the data happen to be read to their end leaves a seam; the right one leaves none.
 void SwapSearch::rate(size_t at, size_t other, size_t size)
 {
-    constexpr double kNoSeam = 2;
+    constexpr double kNoSeam = 2; // times the usual
+    constexpr double kPlain = 12; // levels; a seam has some fifty
     if (m_rated++ >= kMostRated) return;
     const QByteArray data = swapped(at, other, size);
     Coefficients picture(m_header);
@@ -141,7 +142,7 @@ void SwapSearch::rate(size_t at, size_t other, size_t size)
     }
     std::nth_element(unfits.begin(), unfits.begin() + qptrdiff(unfits.size() / 2), unfits.end());
     const double usual = double(unfits[unfits.size() / 2]);
-    if (own >= m_least || own > kNoSeam * usual + 4) return;
+    if (own >= m_least || own > kNoSeam * usual + kPlain) return;
     m_least = own;
     m_best = data;
 }
