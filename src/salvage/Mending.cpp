@@ -64,14 +64,14 @@ private:
     double m_unfit = 0;
 };
 
-/// The best of the ways of realigning, if it is better than `least`, which gets its looks.
+/// The best of the ways of realigning (the surest first, for the time may run out), if it is better than `least`, which gets its looks.
 std::optional<Patchwork> realigned(const Header &header, ByteView data, Judge &judge, double &least, Budget &budget)
 {
     std::optional<Patchwork> best;
     const quint32 mcus = header.mcuCount();
     const McuStream stream = readStream(header, data, mcus + std::max(64U, mcus / 4), budget);
     for (const RealignWay way :
-         {RealignWay{false, false}, RealignWay{false, true}, RealignWay{true, false}, RealignWay{true, true}}) {
+         {RealignWay{false, true}, RealignWay{true, true}, RealignWay{false, false}, RealignWay{true, false}}) {
         if (budget.stopped() || budget.late()) break;
         std::optional<Patchwork> work = realign(header, stream, way, budget);
         if (!work) continue;

@@ -370,12 +370,12 @@ bool Realigner::stays(const Move &move) const
     return most < 3;
 }
 
-/// An error a little behind a break is what the break comes from.
+/// An error a little behind a break is what the break comes from: foreign data may be read for a while.
 qint64 Realigner::errorNear(qint64 index) const
 {
-    constexpr qint64 kNear = 16;
-    const qint64 sound = soundFrom(index, kNear);
-    return sound < kNear && index + sound < m_mcus ? index + sound : index;
+    const qint64 near = m_knowsLastShift ? std::clamp<qint64>(m_wide, 16, 256) : 16;
+    const qint64 sound = soundFrom(index, near);
+    return sound < near && index + sound < m_mcus ? index + sound : index;
 }
 
 void Realigner::place(qint64 index)

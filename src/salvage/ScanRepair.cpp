@@ -15,7 +15,7 @@ constexpr quint32 kBehind = 20;      // MCUs behind a place by which changes are
 constexpr quint32 kInFrontHard = 24; // MCUs in front of an error in which its cause may lie
 constexpr quint32 kLean = 8;         // MCUs that have to lean the same way
 constexpr int kMostChanges = 200;
-constexpr int kMilliseconds = 3'000;
+constexpr int kMilliseconds = 2'000;
 
 /// Levels of one component along an edge row.
 struct Part

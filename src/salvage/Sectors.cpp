@@ -11,8 +11,8 @@ namespace salvage {
 namespace {
 
 constexpr std::array<size_t, 2> kSizes = {4096, 512};
-constexpr int kMilliseconds = 1'000; // for swaps
-constexpr int kMostRated = 60;       // swaps by which the data are read on for a while
+constexpr int kMilliseconds = 600; // for swaps
+constexpr int kMostRated = 60;     // swaps by which the data are read on for a while
 constexpr size_t kMostData = 8'000'000;
 
 bool isWhole(const Header &header, const QByteArray &data, Budget &budget)
