@@ -11,8 +11,8 @@ namespace salvage {
 namespace {
 
 constexpr std::array<size_t, 2> kSizes = {4096, 512};
-constexpr int kMilliseconds = 600; // for swaps
-constexpr int kMostRated = 60;     // swaps by which the data are read on for a while
+constexpr int kMilliseconds = 800; // for swaps
+constexpr int kMostRated = 100;    // swaps at one place by which the data are read on for a while
 constexpr size_t kMostData = 8'000'000;
 
 bool isWhole(const Header &header, const QByteArray &data, Budget &budget)
@@ -49,6 +49,7 @@ public:
 
 private:
     void readToError();
+    std::optional<size_t> firstSeam(const std::vector<float> &unfits) const;
     void tryPlace(size_t at, size_t size);
     bool readsOn(const McuReader::Place &from, size_t at, size_t other, size_t size) const;
     QByteArray swapped(size_t at, size_t other, size_t size) const;
@@ -65,21 +66,46 @@ private:
     Budget &m_budget;
     int m_start;
     std::vector<McuReader::Place> m_places;
-    size_t m_error = 0;
+    std::vector<size_t> m_suspects; // offsets at which damage shows
     int m_rated = 0;
     double m_least = 1e18;
     std::optional<QByteArray> m_best;
 };
 
+/// Reads the MCUs up to the first error, and notes where it stands and where they stop fitting each other before it.
 void SwapSearch::readToError()
 {
     McuReader reader(m_header, m_data);
+    Coefficients picture(m_header);
     const quint32 count = m_header.mcuCount();
-    while (m_places.size() < count && !(m_places.size() % 512 == 0 && outOfTime())) {
+    quint32 read = 0;
+    while (read < count && !(read % 512 == 0 && outOfTime())) {
         m_places.push_back(reader.place());
-        if (reader.readMcu(nullptr) != Fit::Error::None) break;
+        if (reader.readMcu(picture.mcu(read)) != Fit::Error::None) break;
+        ++read;
     }
-    m_error = reader.reader.position();
+    m_suspects = {reader.reader.position()};
+    std::vector<float> unfits = unfitsOf(picture, m_header, m_budget);
+    unfits.resize(read);
+    // The MCU that doesn't fit ends in the wrong sector; it may begin in front of it.
+    if (const auto seam = firstSeam(unfits))
+        m_suspects.push_back(m_places[std::min(*seam + 1, m_places.size() - 1)].offset);
+}
+
+/// The number of the first MCU that several fit as badly from as foreign data do.
+std::optional<size_t> SwapSearch::firstSeam(const std::vector<float> &unfits) const
+{
+    constexpr size_t kMcus = 8;
+    if (unfits.size() < 2 * kMcus) return std::nullopt;
+    std::vector<float> sorted = unfits;
+    std::nth_element(sorted.begin(), sorted.begin() + qptrdiff(sorted.size() / 2), sorted.end());
+    const double limit = (2.5 * double(sorted[sorted.size() / 2]) + 10) * kMcus;
+    double sum = 0;
+    for (size_t i = 0; i < unfits.size(); ++i) {
+        sum += double(unfits[i]) - (i >= kMcus ? double(unfits[i - kMcus]) : 0);
+        if (i >= m_header.mcusWide() + kMcus && sum > limit) return i + 1 - kMcus;
+    }
+    return std::nullopt;
 }
 
 QByteArray SwapSearch::swapped(size_t at, size_t other, size_t size) const
@@ -153,25 +179,28 @@ void SwapSearch::tryPlace(size_t at, size_t size)
                                      [at](const McuReader::Place &place) { return place.offset > at; });
     if (behind == m_places.begin()) return;
     const McuReader::Place from = *(behind - 1);
+    m_rated = 0;
     for (size_t other = at % size; other + size <= m_data.size() && !outOfTime(); other += size)
         if (other != at && readsOn(from, at, other, size)) rate(at, other, size);
 }
 
 std::optional<QByteArray> SwapSearch::run()
 {
-    constexpr size_t kBack = 2; // sectors in front of the error in which its cause may lie
+    constexpr size_t kBack = 1; // sectors in front of a suspect in which its cause may lie
     readToError();
-    for (const size_t size : kSizes) {
-        const size_t first = (size - m_begin % size) % size; // sector that lies in the data
-        if (m_error < first) continue;
-        const size_t last = (m_error - first) / size;
-        for (size_t back = 0; back <= std::min(last, kBack) && !outOfTime(); ++back) {
-            const size_t at = first + (last - back) * size;
-            if (at + size <= m_data.size()) tryPlace(at, size);
+    for (const size_t suspect : m_suspects) {
+        for (const size_t size : kSizes) {
+            const size_t first = (size - m_begin % size) % size; // sector that lies in the data
+            if (suspect < first) continue;
+            const size_t last = (suspect - first) / size;
+            for (size_t back = 0; back <= std::min(last, kBack) && !outOfTime(); ++back) {
+                const size_t at = first + (last - back) * size;
+                if (at + size <= m_data.size()) tryPlace(at, size);
+            }
+            if (m_best) return std::move(m_best);
         }
-        if (m_best) break;
     }
-    return std::move(m_best);
+    return std::nullopt;
 }
 
 } // namespace
