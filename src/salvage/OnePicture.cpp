@@ -101,8 +101,10 @@ void mendData(Parts &parts, const ScanData &data, Budget &budget)
 {
     const auto &steps = parts.solution.steps;
     const bool ownSize = !steps.count(Step::SizeFound) && !steps.count(Step::SymbolsSearched);
-    // Codes that were mended by a guess are damage, even where the data are read to their end.
-    const bool sound = parts.solution.fit.perfect && data.codesMended == 0;
+    // Codes that were mended by a guess are damage, even where the data are read to their end; but some encoders leave
+    // codes in front of restart markers, where they do no harm.
+    const bool harmless = data.codesMended == 0 || parts.solution.header.restartInterval > 0;
+    const bool sound = parts.solution.fit.perfect && harmless;
     if (sound || parts.solution.fit.share <= 0 || !ownSize) return;
     std::optional<Mended> mended = mendScan(parts.solution.header, data, budget);
     if (!mended) return;
