@@ -217,7 +217,12 @@ McuStream StreamReader::read()
     m_budget.countDecode();
     readOn({});
     while (!m_ended && m_stream.mcus() < m_most && !spent()) {
-        const std::optional<Place> next = nextPlace();
+        Place onward = m_reader.place();
+        onward.bits = 0;
+        if (const Range *zeros = zerosAt(onward.offset++)) onward.offset = zeros->end;
+        std::optional<Place> next = nextPlace();
+        // Without time to search, the data are read on as they fall.
+        if (!next && searchIsOver() && onward.offset < m_data.size()) next = onward;
         if (!next) break;
         forgetFrom(bitOf(*next));
         addBad();
