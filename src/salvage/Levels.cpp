@@ -8,14 +8,15 @@ namespace salvage {
 
 namespace {
 
-constexpr float kLeastStep = 2;  // levels; an eye sees no less, and pictures have as much of their own
-constexpr size_t kLeastMcus = 6; // by which a part of a row counts
+constexpr float kLeastStep = 2.5F; // levels; pictures have as much of their own
+constexpr size_t kLeastMcus = 6;   // by which a part of a row counts
 
-float median(std::vector<float> &values)
+/// The value that `share` of the others are below.
+float quantile(std::vector<float> &values, double share)
 {
-    const auto middle = values.begin() + qptrdiff(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+    const auto place = values.begin() + qptrdiff(double(values.size() - 1) * share);
+    std::nth_element(values.begin(), place, values.end());
+    return *place;
 }
 
 /// The levels of one component. A jump at an MCU shows in the MCUs from there to the one below its left neighbour: they
@@ -35,7 +36,12 @@ private:
         float clarity = 0;
     };
     Step stepAt(size_t index);
-    std::optional<float> middleOf(size_t from, size_t to);
+    struct Middle
+    {
+        float value = 0;
+        float least = 0; ///< a quarter is nearer to 0, or beyond it
+    };
+    std::optional<Middle> middleOf(size_t from, size_t to);
     void lift(size_t from, float levels);
 
     Patchwork &m_work;
@@ -77,13 +83,14 @@ LevelSteps::LevelSteps(Patchwork &work, const Header &header, size_t component)
 }
 
 /// The middle of the steps in a part of a row; nothing where there are too few.
-std::optional<float> LevelSteps::middleOf(size_t from, size_t to)
+std::optional<LevelSteps::Middle> LevelSteps::middleOf(size_t from, size_t to)
 {
     m_scratch.clear();
     for (size_t i = from; i < std::min(to, m_step.size()); ++i)
         if (m_has[i]) m_scratch.push_back(m_step[i]);
     if (m_scratch.size() < kLeastMcus) return std::nullopt;
-    return median(m_scratch);
+    const float value = quantile(m_scratch, 0.5);
+    return Middle{value, std::max(0.0F, value > 0 ? quantile(m_scratch, 0.25) : -quantile(m_scratch, 0.75))};
 }
 
 LevelSteps::Step LevelSteps::stepAt(size_t index)
@@ -94,11 +101,14 @@ LevelSteps::Step LevelSteps::stepAt(size_t index)
     const auto left = middleOf(row + m_wide, index + m_wide);
     const auto after = middleOf(index + m_wide, row + 2 * m_wide);
     if (!before || !right || !left || !after) return {};
-    const float size = (*right + *left) / 2;
-    const float outside = std::max(std::abs(*before), std::abs(*after));
-    const bool agree = std::abs(*right - *left) < std::max(1.5F, 0.3F * std::abs(size));
-    if (std::abs(size) < std::max(kLeastStep, m_quant / 2) || !agree || outside > std::abs(size) / 3) return {};
-    return {size, std::abs(size) - outside - std::abs(*right - *left)};
+    const float size = (right->value + left->value) / 2;
+    const float apart = std::abs(right->value - left->value);
+    const float outside = std::max(std::abs(before->value), std::abs(after->value));
+    const bool agree = apart < std::max(1.5F, 0.3F * std::abs(size));
+    const bool firm = std::min(right->least, left->least) > std::abs(size) / 5;
+    if (std::abs(size) < std::max(kLeastStep, m_quant / 2) || !agree || !firm || outside > std::abs(size) / 3)
+        return {};
+    return {size, std::abs(size) - outside - apart};
 }
 
 void LevelSteps::lift(size_t from, float levels)
