@@ -18,16 +18,6 @@ bool standsAtRestart(BitReader &reader)
     return reader.marker() <= 0xFF && isRestart(quint8(reader.marker())) && reader.left() < 8;
 }
 
-/// True where the data in hand end, but for the ones by which an encoder fills its last byte. Whole MCUs of a flat picture
-/// take less than a byte; no code consists of ones alone, so these can't be taken for one.
-bool atEnd(BitReader &reader)
-{
-    if (reader.left() >= 8 || !reader.marker()) return false;
-    const int left = reader.left();
-    if (left <= 0) return true;
-    return left < 8 && reader.peek16() >> (16 - left) == (1U << left) - 1;
-}
-
 /// Passes the few bytes by which some encoders miss the next restart marker, number `number`; false where it isn't near.
 bool passToRestart(BitReader &reader, ByteView data, quint32 number)
 {

@@ -135,6 +135,7 @@ public:
     void read(ByteView data, const Span &span);
     void readFromEnd(ByteView data, const Span &span);
     void repairHits(ByteView raw);
+    void readTails(ByteView data);
     Patchwork take() { return std::move(m_work); }
 
 private:
@@ -143,6 +144,8 @@ private:
         const quint64 first = quint64(interval) * m_interval;
         return first >= m_work.have.size() ? 0 : quint32(std::min<quint64>(m_interval, m_work.have.size() - first));
     }
+    void putTail(const McuStream &stream, quint32 tail, quint32 first, quint32 count);
+    float liftBelow(size_t component, const qint16 *values, quint32 place, quint32 count) const;
     Fit readOne(ByteView data, quint32 interval, std::vector<qint16> &values);
     void put(quint32 interval, const std::vector<qint16> &values, quint32 mcus);
 
@@ -208,6 +211,7 @@ void Resynchroniser::read(ByteView data, const Span &span)
             readFromEnd(data, m_broken.back());
             return;
         }
+        if (span.count == 1 && !bestEnds) m_broken.push_back({at, span.end, interval, 1});
         at = bestAt + best->end;
     }
 }
@@ -245,6 +249,75 @@ void Resynchroniser::repairHits(ByteView raw)
     m_work = std::move(repair.work());
 }
 
+/// By how much a component has to be lifted to go with what stands above and below its MCUs: the middle of the steps.
+float Resynchroniser::liftBelow(size_t component, const qint16 *values, quint32 place, quint32 count) const
+{
+    const Coefficients &picture = m_work.picture;
+    const QuantTable &quant = m_header.quant.at(m_header.components[component].quant);
+    const Component &factors = picture.sampling[component];
+    const qptrdiff mcuValues = qptrdiff(picture.blocksPerMcu()) * 64;
+    const qptrdiff first = qptrdiff(picture.firstBlock(component)) * 64;
+    const qptrdiff last = first + (factors.v - 1) * factors.h * 64;
+    std::vector<float> steps;
+    for (quint32 i = 0; i < count; ++i) {
+        const quint32 at = place + i;
+        const quint32 wide = picture.mcusWide;
+        const qint16 *const own = values + qptrdiff(i) * mcuValues;
+        if (at >= wide && m_work.have[at - wide])
+            steps.push_back(edgeLine(picture.mcu(at - wide) + last, quant, 7)[0] - edgeLine(own + first, quant, 0)[0]);
+        if (at + wide < m_work.have.size() && m_work.have[at + wide])
+            steps.push_back(edgeLine(picture.mcu(at + wide) + first, quant, 0)[0] - edgeLine(own + last, quant, 7)[0]);
+    }
+    if (steps.empty()) return 0;
+    const auto middle = steps.begin() + qptrdiff(steps.size() / 2);
+    std::nth_element(steps.begin(), middle, steps.end());
+    return *middle;
+}
+
+/// Puts the MCUs of a stream from number `tail` on at the end of an interval of `count` MCUs from `first` on.
+void Resynchroniser::putTail(const McuStream &stream, quint32 tail, quint32 first, quint32 count)
+{
+    Coefficients &picture = m_work.picture;
+    const quint32 read = stream.mcus() - tail;
+    const quint32 place = first + count - read;
+    const size_t mcuValues = size_t(picture.blocksPerMcu()) * 64;
+    std::vector<qint16> values(stream.values.begin() + qptrdiff(tail * mcuValues), stream.values.end());
+    for (size_t c = 0; c < picture.sampling.size(); ++c) {
+        const float perStep =
+            std::sqrt(8.0F) / float(std::max<quint16>(1, m_header.quant.at(m_header.components[c].quant)[0]));
+        const auto lift = int(std::lround(liftBelow(c, values.data(), place, read) * perStep));
+        for (quint32 i = 0; i < read; ++i)
+            for (int block = picture.firstBlock(c); block < picture.firstBlock(c + 1); ++block) {
+                qint16 &level = values[i * mcuValues + size_t(block) * 64];
+                level = qint16(std::clamp(level + lift, -2047, 2047));
+            }
+    }
+    std::copy(values.begin(), values.end(), picture.mcu(place));
+    std::fill_n(m_work.have.begin() + place, read, true);
+}
+
+/// What lies behind an error in an interval is read again up to its end, which is the end of the interval in the picture.
+void Resynchroniser::readTails(ByteView data)
+{
+    constexpr quint32 kLeast = 3;
+    for (const Span &span : m_broken) {
+        const quint32 first = span.index * m_interval;
+        const quint32 count = wanted(span.index);
+        if (span.count > 1 || count < 2 * kLeast || m_budget.late() || m_budget.stopped()) continue;
+        const auto begin = m_work.have.begin() + first;
+        if (std::find(begin, begin + count, false) == begin + count) continue;
+        const McuStream stream = readStream(m_header, slice(data, span.begin, span.end), count + 16, m_budget);
+        const auto lastBad = std::find(stream.bad.rbegin(), stream.bad.rend(), true);
+        const auto tail = quint32(stream.bad.rend() - lastBad);
+        const quint32 read = stream.mcus() - tail;
+        if (tail == 0 || !stream.ended || read < kLeast || read >= count) continue;
+        // The head goes up to the error and no further; the places in between stay a hole.
+        const auto head = quint32(std::find(stream.bad.begin(), stream.bad.end(), true) - stream.bad.begin());
+        for (quint32 i = std::min(head, count); i < count; ++i) m_work.have[first + i] = false;
+        putTail(stream, tail, first, count);
+    }
+}
+
 } // namespace
 
 std::optional<Patchwork> resynchronise(const Header &header, const ScanData &scan, Budget &budget)
@@ -260,6 +333,7 @@ std::optional<Patchwork> resynchronise(const Header &header, const ScanData &sca
         reader.read(data, span);
     }
     reader.repairHits(scan.raw);
+    reader.readTails(data);
     Patchwork work = reader.take();
     if (work.share() <= 0) return std::nullopt;
     return work;

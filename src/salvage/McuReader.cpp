@@ -17,6 +17,14 @@ const HuffmanTable &tableOf(const Header &header, HuffmanKey key)
 
 } // namespace
 
+bool atEnd(BitReader &reader)
+{
+    if (reader.left() >= 8 || !reader.marker()) return false;
+    const int left = reader.left();
+    if (left <= 0) return true;
+    return left < 8 && reader.peek16() >> (16 - left) == (1U << left) - 1;
+}
+
 std::vector<Component> samplingOf(const Header &header)
 {
     const size_t n = std::min(header.components.size(), header.scan.size());

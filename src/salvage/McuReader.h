@@ -12,6 +12,10 @@ namespace salvage {
 /// Sampling factors of the components of a scan, 1 x 1 where there is one alone.
 std::vector<Component> samplingOf(const Header &header);
 
+/// True where the data in hand end, but for the ones by which an encoder fills its last byte. Whole MCUs of a flat picture
+/// take less than a byte; no code consists of ones alone, so these can't be taken for one.
+bool atEnd(BitReader &reader);
+
 /// Reads the blocks of one component of a sequential scan.
 struct BlockReader
 {

@@ -2,6 +2,7 @@
 
 #include "salvage/PictureReader.h"
 #include "salvage/ScanRepair.h"
+#include "salvage/Sectors.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,8 @@ namespace {
 
 constexpr quint32 kMostMcus = 60'000; // to realign
 constexpr quint32 kMostIntervalMcus = 1'000'000;
-constexpr int kMilliseconds = 5'000;
+constexpr int kMilliseconds = 5'000; // for all of it
+constexpr double kBetter = 0.98;     // of the looks of the plain decode, that a mended scan must come to
 
 /// Writes a patchwork as a scan of its own.
 Mended written(const Header &header, Patchwork &&work, std::set<Step> steps)
@@ -20,32 +22,60 @@ Mended written(const Header &header, Patchwork &&work, std::set<Step> steps)
     Mended mended;
     mended.share = work.share();
     mended.steps = std::move(steps);
-    fillHoles(work);
+    fillHoles(work, header);
     mended.header = header;
     useStandardTables(mended.header);
     mended.data = encode(work.picture);
     return mended;
 }
 
-/// What holes cost, so that a smooth nothing doesn't win over a picture.
-double looks(const Patchwork &work, const Header &header)
+/// How a picture looks beside the plain decode of the same data: below 1 where it looks better. The steps across borders tell
+/// rows in the wrong place, the fit of the MCUs tells wrong levels; the steps alone see the holes.
+class Judge
 {
-    Patchwork filled = work;
-    fillHoles(filled);
-    return borderSteps(filled.picture, header, filled.picture.mcusHigh).sum() + 0.5 * (1 - work.share());
-}
+public:
+    Judge(const Header &header, ByteView data, Budget &budget) : m_header(header), m_data(data), m_budget(budget) {}
 
-/// The best of the ways of realigning, if it is better than `least`, which gets its looks.
-std::optional<Patchwork> realigned(const Header &header, ByteView data, double &least, Budget &budget)
+    double looks(const Patchwork &work)
+    {
+        if (m_steps < 0) lookAtPlain();
+        Patchwork filled = work;
+        fillHoles(filled, m_header);
+        const double steps = borderSteps(filled.picture, m_header, filled.picture.mcusHigh, &m_budget).sum();
+        const double unfit = meanUnfit(work.picture, m_header, work.have, m_budget);
+        // What is read to its end and ends with the picture stands in its place, whatever the seams look like.
+        const double trust = work.endsInPlace ? 0.95 : 1;
+        return trust * (steps / m_steps + unfit / m_unfit) / 2 + 0.2 * (1 - work.share());
+    }
+
+private:
+    void lookAtPlain()
+    {
+        const Coefficients shown = pictureAsShown(m_header, m_data, m_budget);
+        const std::vector<bool> all(shown.mcuCount(), true);
+        m_steps = std::max(0.01, borderSteps(shown, m_header, shown.mcusHigh, &m_budget).sum());
+        m_unfit = std::max(0.01, meanUnfit(shown, m_header, all, m_budget));
+    }
+
+    const Header &m_header;
+    ByteView m_data;
+    Budget &m_budget;
+    double m_steps = -1; // of the plain decode; negative as long as nobody asked
+    double m_unfit = 0;
+};
+
+/// The best of the ways of realigning (the surest first, for the time may run out), if it is better than `least`, which gets its looks.
+std::optional<Patchwork> realigned(const Header &header, ByteView data, Judge &judge, double &least, Budget &budget)
 {
     std::optional<Patchwork> best;
-    const int begin = budget.elapsed();
+    const quint32 mcus = header.mcuCount();
+    const McuStream stream = readStream(header, data, mcus + std::max(64U, mcus / 4), budget);
     for (const RealignWay way :
-         {RealignWay{false, false}, RealignWay{false, true}, RealignWay{true, false}, RealignWay{true, true}}) {
-        if (budget.spent() || budget.elapsed() - begin > kMilliseconds) break;
-        std::optional<Patchwork> work = realign(header, data, way, budget);
+         {RealignWay{false, true}, RealignWay{true, true}, RealignWay{false, false}, RealignWay{true, false}}) {
+        if (budget.stopped() || budget.late()) break;
+        std::optional<Patchwork> work = realign(header, stream, way, budget);
         if (!work) continue;
-        const double own = looks(*work, header);
+        const double own = judge.looks(*work);
         if (own >= least) continue;
         least = own;
         best = std::move(work);
@@ -53,121 +83,69 @@ std::optional<Patchwork> realigned(const Header &header, ByteView data, double &
     return best;
 }
 
-std::optional<Mended> mendByIntervals(const Header &header, const ScanData &data, double plain, Budget &budget)
+std::optional<Mended> mendByIntervals(const Header &header, const ScanData &data, Judge &judge, Budget &budget)
 {
     if (header.mcuCount() > kMostIntervalMcus) return std::nullopt;
     std::optional<Patchwork> work = resynchronise(header, data, budget);
-    if (!work || (work->share() <= 0.5 && looks(*work, header) >= plain)) return std::nullopt;
+    if (!work || (work->share() <= 0.5 && judge.looks(*work) >= kBetter)) return std::nullopt;
     return written(header, std::move(*work), {Step::Resynchronised});
 }
 
-std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, double plain, Budget &budget)
+std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, Judge &judge, Budget &budget)
 {
     if (header.mcuCount() > kMostMcus || header.mcusWide() < 3) return std::nullopt;
     ScanRepair repair(header, budget);
     const ScanRepair::Outcome outcome = repair.run(data.raw, 0, header.mcuCount());
     if (outcome.complete && outcome.changes) {
-        Mended mended;
-        mended.header = header;
-        mended.data = outcome.data;
-        mended.steps = {Step::HitsRepaired};
-        mended.share = 1;
-        return mended;
+        Patchwork even = repair.work();
+        if (evenLevels(even, header, budget) && judge.looks(even) < judge.looks(repair.work()))
+            return written(header, std::move(even), {Step::HitsRepaired});
+        return Mended{header, outcome.data, {Step::HitsRepaired}, 1};
     }
-    double least = plain;
+    double least = kBetter;
     std::optional<Patchwork> best;
     std::set<Step> steps;
-    if (outcome.changes && outcome.read == header.mcuCount()) {
-        // Read to the end, if not to the last byte: the changes alone may do.
-        const double own = looks(repair.work(), header);
+    if (outcome.changes) {
+        // If not read to the last byte: the changes alone may do.
+        const double own = judge.looks(repair.work());
         if (own < least) {
             least = own;
             best = repair.work();
             steps = {Step::HitsRepaired};
         }
     }
-    if (std::optional<Patchwork> other = realigned(header, view(data.bytes), least, budget)) {
+    if (std::optional<Patchwork> other = realigned(header, view(data.bytes), judge, least, budget)) {
         best = std::move(other);
         steps = {Step::Realigned};
     }
     if (outcome.changes) {
         int codes = 0;
         const QByteArray changed = cleanScan(view(outcome.data), false, codes);
-        if (std::optional<Patchwork> other = realigned(header, view(changed), least, budget)) {
+        if (std::optional<Patchwork> other = realigned(header, view(changed), judge, least, budget)) {
             best = std::move(other);
             steps = {Step::HitsRepaired, Step::Realigned};
         }
     }
     if (!best) return std::nullopt;
+    Patchwork even = *best;
+    if (evenLevels(even, header, budget) && judge.looks(even) < least) best = std::move(even);
     return written(header, std::move(*best), std::move(steps));
 }
 
-/// Rows with data nearest to a hole, column by column and downwards.
-class NearestRows
+std::optional<Mended> mendWithin(const Header &header, const ScanData &data, Budget &budget)
 {
-public:
-    explicit NearestRows(const Patchwork &work)
-        : m_work(work), m_above(work.picture.mcusWide, -1), m_below(work.picture.mcusWide, -1)
-    {
-    }
-    /// To be told of every MCU with data, in order.
-    void pass(quint32 column, quint32 row) { m_above[column] = row; }
-    /// -1 if there is none.
-    qint64 above(quint32 column) const { return m_above[column]; }
-    qint64 below(quint32 column, quint32 row)
-    {
-        const qint64 high = m_work.picture.mcusHigh;
-        qint64 &at = m_below[column]; // the last answer, which holds until its row is reached
-        if (at <= qint64(row)) {
-            at = qint64(row) + 1;
-            while (at < high && !m_work.have[size_t(at) * m_work.picture.mcusWide + column]) ++at;
-        }
-        return at < high ? at : -1;
-    }
-
-private:
-    const Patchwork &m_work;
-    std::vector<qint64> m_above;
-    std::vector<qint64> m_below;
-};
+    if (std::optional<QByteArray> undone = undoSectors(header, data, budget))
+        return Mended{header, std::move(*undone), {Step::Realigned}, 1};
+    Judge judge(header, view(data.bytes), budget);
+    return header.restartInterval ? mendByIntervals(header, data, judge, budget)
+                                  : mendByEdges(header, data, judge, budget);
+}
 
 } // namespace
 
 double Patchwork::share() const
 {
     return have.empty() ? 0 : double(std::count(have.begin(), have.end(), true)) / double(have.size());
-}
-
-void fillHoles(Patchwork &work)
-{
-    Coefficients &picture = work.picture;
-    const int blocks = picture.blocksPerMcu();
-    NearestRows rows(work);
-    for (quint32 index = 0; index < picture.mcuCount(); ++index) {
-        const quint32 column = index % picture.mcusWide;
-        const quint32 row = index / picture.mcusWide;
-        if (work.have[index]) {
-            rows.pass(column, row);
-            continue;
-        }
-        const qint64 above = rows.above(column);
-        const qint64 below = rows.below(column, row);
-        qint16 *const own = picture.mcu(index);
-        std::fill_n(own, blocks * 64, qint16(0));
-        const auto level = [&](qint64 from, int block) {
-            return int(picture.mcu(quint32(from) * picture.mcusWide + column)[block * 64]);
-        };
-        for (int block = 0; block < blocks; ++block) {
-            int value = index ? picture.mcu(index - 1)[block * 64] : 0;
-            if (above >= 0 && below >= 0) {
-                const double down = double(row - above) / double(below - above);
-                value = int(std::lround(level(above, block) * (1 - down) + level(below, block) * down));
-            } else if (above >= 0 || below >= 0) {
-                value = level(above >= 0 ? above : below, block);
-            }
-            own[block * 64] = qint16(value);
-        }
-    }
 }
 
 Coefficients pictureAsShown(const Header &header, ByteView data, Budget &budget)
@@ -184,12 +162,14 @@ Coefficients pictureAsShown(const Header &header, ByteView data, Budget &budget)
 
 std::optional<Mended> mendScan(const Header &header, const ScanData &data, Budget &budget)
 {
-    if (header.frame != 0xC0 || header.scan.size() != header.components.size()) return std::nullopt;
-    if (!header.fitsMemory()) return std::nullopt;
-    const Coefficients shown = pictureAsShown(header, view(data.bytes), budget);
-    const double plain = 1.02 * borderSteps(shown, header, shown.mcusHigh).sum();
-    return header.restartInterval ? mendByIntervals(header, data, plain, budget)
-                                  : mendByEdges(header, data, plain, budget);
+    if (header.progressive() || header.scan.size() != header.components.size()) return std::nullopt;
+    const auto hasQuant = [&](const Component &each) { return header.quant.count(each.quant) > 0; };
+    if (!header.fitsMemory() || !header.decodable()) return std::nullopt;
+    if (!std::all_of(header.components.begin(), header.components.end(), hasQuant)) return std::nullopt;
+    Budget own([&budget] { return budget.stopped() || budget.late(); }, kMilliseconds);
+    std::optional<Mended> mended = mendWithin(header, data, own);
+    for (int i = 0; i < own.decodes(); ++i) budget.countDecode();
+    return mended;
 }
 
 } // namespace salvage

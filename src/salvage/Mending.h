@@ -1,6 +1,7 @@
 // Damage in the entropy data of a baseline scan: what lies behind an error is found again and put where it belongs.
 #pragma once
 
+#include "salvage/McuStream.h"
 #include "salvage/Picture.h"
 #include "salvage/Search.h"
 
@@ -29,12 +30,17 @@ std::optional<Mended> mendScan(const Header &header, const ScanData &data, Budge
 struct Patchwork
 {
     Coefficients picture;
-    std::vector<bool> have; ///< by MCU
+    std::vector<bool> have;   ///< by MCU
+    bool endsInPlace = false; ///< the last MCU of the data is that of the picture
     double share() const;
 };
-/// Gives the holes the levels (DC) of what lies above and below them, by their distance; the left neighbour's where there
-/// is neither.
-void fillHoles(Patchwork &work);
+/// Gives the holes of a picture of `header` what leads from the lines of samples above them to those below, coarse patterns
+/// alone; where there is neither, the level of the left neighbour.
+void fillHoles(Patchwork &work, const Header &header);
+
+/// Takes back jumps of the levels (DC) of a component that begin at some MCU of a row and stay so from there on. True if
+/// there were some.
+bool evenLevels(Patchwork &work, const Header &header, Budget &budget);
 
 /// Each restart interval decoded for itself and put where its marker's number says; markers that are hit or lost are found
 /// by where the data of an interval end; single hits within an interval are repaired. Nothing where none could be read.
@@ -48,6 +54,6 @@ struct RealignWay
 };
 /// Reads on behind each error, and where the top edges of MCUs stop fitting the bottom edges above them finds the place, the
 /// shift in MCUs and the levels of the components by which they fit again. Nothing where nothing was moved.
-std::optional<Patchwork> realign(const Header &header, ByteView data, RealignWay way, Budget &budget);
+std::optional<Patchwork> realign(const Header &header, const McuStream &stream, RealignWay way, Budget &budget);
 
 } // namespace salvage

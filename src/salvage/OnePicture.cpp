@@ -106,7 +106,11 @@ void mendData(Parts &parts, const ScanData &data, Budget &budget)
 {
     const auto &steps = parts.solution.steps;
     const bool ownSize = !steps.count(Step::SizeFound) && !steps.count(Step::SymbolsSearched);
-    if (parts.solution.fit.perfect || parts.solution.fit.share <= 0 || !ownSize) return;
+    // Codes that were mended by a guess are damage, even where the data are read to their end; but some encoders leave
+    // codes in front of restart markers, where they do no harm.
+    const bool harmless = data.codesMended == 0 || parts.solution.header.restartInterval > 0;
+    const bool sound = parts.solution.fit.perfect && harmless;
+    if (sound || parts.solution.fit.share <= 0 || !ownSize) return;
     std::optional<Mended> mended = mendScan(parts.solution.header, data, budget);
     if (!mended) return;
     parts.solution.header = std::move(mended->header);

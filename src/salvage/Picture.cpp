@@ -79,14 +79,28 @@ Samples inverseDct(const qint16 *block, const QuantTable &quant)
     return samples;
 }
 
-std::array<float, 8> edgeRow(const qint16 *block, const QuantTable &quant, int row)
+std::array<float, 8> edgeLine(const qint16 *block, const QuantTable &quant, int row)
 {
-    std::array<float, 8> lines{}; // frequencies along the row
+    std::array<float, 8> lines{};
     for (size_t z = 0; z < 64; ++z) {
         if (!block[z]) continue;
         const size_t place = kNaturalOrder[z];
         lines[place % 8] += float(block[z]) * float(quant[z]) * kKernel[place / 8 * 8 + size_t(row)];
     }
+    return lines;
+}
+
+std::array<float, 8> forwardDct(const std::array<float, 8> &samples)
+{
+    std::array<float, 8> frequencies{};
+    for (size_t u = 0; u < 8; ++u)
+        for (size_t x = 0; x < 8; ++x) frequencies[u] += samples[x] * kKernel[u * 8 + x];
+    return frequencies;
+}
+
+std::array<float, 8> edgeRow(const qint16 *block, const QuantTable &quant, int row)
+{
+    const std::array<float, 8> lines = edgeLine(block, quant, row);
     std::array<float, 8> samples{};
     for (size_t u = 0; u < 8; ++u)
         for (size_t x = 0; x < 8; ++x) samples[x] += lines[u] * kKernel[u * 8 + x];
@@ -113,7 +127,8 @@ Plane renderPlane(const Coefficients &picture, size_t component, const QuantTabl
     return plane;
 }
 
-double borderStep(const Coefficients &picture, size_t component, const QuantTable &quant, quint32 rows)
+double borderStep(const Coefficients &picture, size_t component, const QuantTable &quant, quint32 rows,
+                  const Budget *budget)
 {
     constexpr quint32 kBlocks = 24'000; // enough for a firm mean
     const Component &factors = picture.sampling[component];
@@ -126,7 +141,7 @@ double borderStep(const Coefficients &picture, size_t component, const QuantTabl
     StepSums across;
     StepSums down;
     std::vector<Samples> upper(wide);
-    for (quint32 i = 0; i < taken; ++i) {
+    for (quint32 i = 0; i < taken && !(budget && budget->stopped()); ++i) {
         const quint32 first = quint32(quint64(i) * pairs / taken) * 2;
         for (quint32 row = first; row < std::min(first + 2, high); ++row) {
             Samples left{};
@@ -144,7 +159,7 @@ double borderStep(const Coefficients &picture, size_t component, const QuantTabl
     return high > 1 ? (across.ratio() + down.ratio()) / 2 : across.ratio();
 }
 
-BorderSteps borderSteps(const Coefficients &picture, const Header &header, quint32 rows)
+BorderSteps borderSteps(const Coefficients &picture, const Header &header, quint32 rows, const Budget *budget)
 {
     BorderSteps steps;
     double chrominance = 0;
@@ -152,7 +167,7 @@ BorderSteps borderSteps(const Coefficients &picture, const Header &header, quint
     for (size_t i = 0; i < std::min<size_t>(3, picture.sampling.size()); ++i) {
         const auto quant = header.quant.find(picture.sampling[i].quant);
         if (quant == header.quant.end()) continue;
-        const double step = borderStep(picture, i, quant->second, rows);
+        const double step = borderStep(picture, i, quant->second, rows, budget);
         if (i == 0) {
             steps.luminance = step;
         } else {

@@ -13,6 +13,10 @@ using Samples = std::array<float, 64>;
 
 /// The inverse DCT (ISO/IEC 10918-1, A.3.3) of a block in zig-zag order.
 Samples inverseDct(const qint16 *block, const QuantTable &quant);
+/// Frequencies along row `row` (0 or 7) of the same, without the level shift.
+std::array<float, 8> edgeLine(const qint16 *block, const QuantTable &quant, int row);
+/// The DCT of eight samples in line.
+std::array<float, 8> forwardDct(const std::array<float, 8> &samples);
 /// Row `row` (0 or 7) of the same, without the level shift.
 std::array<float, 8> edgeRow(const qint16 *block, const QuantTable &quant, int row);
 
@@ -28,7 +32,9 @@ Plane renderPlane(const Coefficients &picture, size_t component, const QuantTabl
 
 /// Steps across the borders of blocks against the steps beside them: near 1 where the table is right and the blocks are in
 /// their places. Looks at rows spread over the whole picture; of MCUs alone that `rows` rows of MCUs hold from the top.
-double borderStep(const Coefficients &picture, size_t component, const QuantTable &quant, quint32 rows);
+/// Fewer rows once `budget`, which may be null, was asked to stop.
+double borderStep(const Coefficients &picture, size_t component, const QuantTable &quant, quint32 rows,
+                  const Budget *budget = nullptr);
 
 /// borderStep of luminance, and the mean of those of the other components (1 where there are none).
 struct BorderSteps
@@ -37,6 +43,7 @@ struct BorderSteps
     double chrominance = 1;
     double sum() const { return luminance + chrominance; }
 };
-BorderSteps borderSteps(const Coefficients &picture, const Header &header, quint32 rows);
+BorderSteps borderSteps(const Coefficients &picture, const Header &header, quint32 rows,
+                        const Budget *budget = nullptr);
 
 } // namespace salvage

@@ -11,7 +11,9 @@ namespace salvage {
 namespace {
 
 constexpr int kMostEvents = 400;
-constexpr int kMilliseconds = 1'500; // of one way
+constexpr int kMilliseconds = 1'000; // of one way
+constexpr qint64 kMostRows = 24;     // of MCUs, that a hole may be high
+constexpr size_t kMostPairs = 256;   // MCUs that are compared at a time
 
 using Levels = std::array<float, 4>;
 
@@ -19,7 +21,8 @@ using Levels = std::array<float, 4>;
 class Edges
 {
 public:
-    Edges(const Header &header, const Coefficients &shape, const std::vector<qint16> &values, quint32 mcus)
+    Edges(const Header &header, const Coefficients &shape, const std::vector<qint16> &values, quint32 mcus,
+          const Budget &budget)
         : m_components(shape.sampling.size())
     {
         for (size_t c = 0; c < m_components; ++c) {
@@ -29,6 +32,7 @@ public:
         m_bottom.resize(size_t(mcus) * width());
         const size_t mcuValues = size_t(shape.blocksPerMcu()) * 64;
         for (quint32 mcu = 0; mcu < mcus; ++mcu) {
+            if (mcu % 256 == 0 && budget.stopped()) return;
             for (size_t c = 0; c < m_components; ++c) {
                 const QuantTable &quant = header.quant.at(header.components[c].quant);
                 const Component &factors = shape.sampling[c];
@@ -93,13 +97,14 @@ float median(std::vector<float> values)
 struct FitBelow
 {
     double residual = 0;
-    Levels offset{}; ///< by which the components have to be lifted
+    Levels offset{};     ///< by which the components have to be lifted
+    bool across = false; ///< some of them below a hole
 };
 
 class Realigner
 {
 public:
-    Realigner(const Header &header, ByteView data, RealignWay way, Budget &budget);
+    Realigner(const Header &header, const McuStream &stream, RealignWay way, Budget &budget);
 
     std::optional<Patchwork> run();
 
@@ -112,12 +117,30 @@ private:
         qint64 from = 0; ///< index in the stream from which on it fits
     };
 
-    qint64 above(qint64 place) const
+    qint64 above(qint64 place, qint64 rows = 1) const
     {
-        const qint64 at = place - m_wide;
+        const qint64 at = place - rows * m_wide;
         return at >= 0 && at < m_total ? m_streamAt[size_t(at)] : -1;
     }
-    std::optional<FitBelow> fitBelow(qint64 from, qint64 shift, qint64 count) const;
+    /// Rows up to the next MCU above that is placed; 0 if there is none.
+    qint64 rowsToAbove(qint64 place, qint64 most) const
+    {
+        for (qint64 rows = 1; rows <= most && place - rows * m_wide >= 0; ++rows)
+            if (above(place, rows) >= 0) return rows;
+        return 0;
+    }
+    qint64 soundFrom(qint64 from, qint64 most) const;
+    qint64 errorNear(qint64 index) const;
+    bool isFinalBreak(qint64 from) const;
+    qint64 farthestShift(qint64 index) const;
+    struct Pair
+    {
+        quint32 lower = 0;
+        quint32 upper = 0;
+        qint64 rows = 1; ///< that lie between their places
+    };
+    size_t pairsBelow(qint64 from, qint64 shift, qint64 count, qint64 most, std::array<Pair, kMostPairs> &pairs) const;
+    std::optional<FitBelow> fitBelow(qint64 from, qint64 shift, qint64 count, bool across) const;
     bool breaksAt(qint64 index) const;
     std::optional<Move> findMove(qint64 index) const;
     void considerShifts(qint64 index, qint64 gap, std::optional<Move> &best) const;
@@ -127,14 +150,17 @@ private:
     void place(qint64 index);
     void apply(const Move &move, qint64 index);
     Patchwork collect() const;
-    bool outOfTime() const { return m_budget.spent() || m_budget.elapsed() - m_begin > kMilliseconds; }
+    bool outOfTime() const
+    {
+        return m_budget.stopped() || m_budget.late() || m_budget.elapsed() - m_begin > kMilliseconds;
+    }
 
     const Header &m_header;
     Budget &m_budget;
     int m_begin;
     Coefficients m_shape;
-    std::vector<qint16> m_values;
-    std::vector<bool> m_bad;
+    const McuStream &m_stream;
+    const std::vector<bool> &m_bad;
     qint64 m_mcus = 0;  // in the stream
     qint64 m_total = 0; // in the picture
     qint64 m_wide = 0;
@@ -151,19 +177,18 @@ private:
     int m_moves = 0;
 };
 
-Realigner::Realigner(const Header &header, ByteView data, RealignWay way, Budget &budget)
-    : m_header(header), m_budget(budget), m_begin(budget.elapsed()), m_shape(header)
+Realigner::Realigner(const Header &header, const McuStream &stream, RealignWay way, Budget &budget)
+    : m_header(header), m_budget(budget), m_begin(budget.elapsed()), m_shape(header), m_stream(stream),
+      m_bad(stream.bad), m_mcus(stream.mcus())
 {
     m_total = m_shape.mcuCount();
     m_wide = m_shape.mcusWide;
-    m_mcus =
-        decodeTolerantly(header, data, quint32(m_total + std::max<qint64>(64, m_total / 4)), budget, m_values, m_bad);
     const qint64 window = way.longWindow ? std::clamp<qint64>(m_wide, 16, 48) : std::clamp<qint64>(m_wide / 2, 10, 40);
     m_window = window;
     m_knowsLastShift = way.knownShift;
     m_lastShift = m_total - m_mcus;
     if (m_mcus < m_wide + 2) return;
-    m_edges.emplace(header, m_shape, m_values, quint32(m_mcus));
+    m_edges.emplace(header, m_shape, m_stream.values, quint32(m_mcus), m_budget);
     std::vector<float> differences;
     for (qint64 i = m_wide; i < m_mcus; ++i) differences.push_back(m_edges->apart(quint32(i), quint32(i - m_wide), 0));
     m_usual = std::clamp(median(std::move(differences)), 1.0F, 20.0F);
@@ -172,25 +197,41 @@ Realigner::Realigner(const Header &header, ByteView data, RealignWay way, Budget
     m_offset.resize(size_t(m_mcus));
 }
 
-std::optional<FitBelow> Realigner::fitBelow(qint64 from, qint64 shift, qint64 count) const
+/// MCUs of the stream and those above their places, of which at least half the wanted number must be there: the nearest
+/// alone, where these are enough.
+size_t Realigner::pairsBelow(qint64 from, qint64 shift, qint64 count, qint64 most,
+                             std::array<Pair, kMostPairs> &pairs) const
 {
-    count = std::min(count, m_mcus - from);
-    if (count < 3) return std::nullopt;
-    std::array<std::pair<quint32, quint32>, 48> pairs;
-    std::array<Levels, 48> levels;
+    const auto enough = size_t(std::max<qint64>(3, count / 2));
     size_t n = 0;
+    size_t near = 0;
     for (qint64 i = from; i < from + count; ++i) {
-        const qint64 upper = above(i + shift);
-        if (upper < 0) continue;
-        pairs.at(n) = {quint32(i), quint32(upper)};
-        levels.at(n) = m_edges->levels(quint32(i), quint32(upper), m_offset[size_t(upper)]);
-        ++n;
+        const qint64 rows = rowsToAbove(i + shift, most);
+        if (rows == 0) continue;
+        near += rows == 1;
+        pairs.at(n++) = {quint32(i), quint32(above(i + shift, rows)), rows};
     }
-    if (n < size_t(std::max<qint64>(3, count / 2))) return std::nullopt;
+    if (near < enough) return n < enough ? 0 : n;
+    const auto end =
+        std::remove_if(pairs.begin(), pairs.begin() + qptrdiff(n), [](const Pair &p) { return p.rows > 1; });
+    return size_t(end - pairs.begin());
+}
+
+std::optional<FitBelow> Realigner::fitBelow(qint64 from, qint64 shift, qint64 count, bool across) const
+{
+    constexpr double kFurther = 0.25; // what one more row in between adds to the differences
+    count = std::min({count, m_mcus - from, qint64(kMostPairs)});
+    if (count < 3) return std::nullopt;
+    std::array<Pair, kMostPairs> pairs;
+    std::array<Levels, kMostPairs> levels;
+    const size_t n = pairsBelow(from, shift, count, across ? kMostRows : 1, pairs);
+    if (n == 0) return std::nullopt;
+    for (size_t i = 0; i < n; ++i)
+        levels.at(i) = m_edges->levels(pairs.at(i).lower, pairs.at(i).upper, m_offset[pairs.at(i).upper]);
     FitBelow fit;
     Levels middle{};
     for (size_t c = 0; c < m_edges->components(); ++c) {
-        std::array<float, 48> values;
+        std::array<float, kMostPairs> values;
         for (size_t i = 0; i < n; ++i) values.at(i) = levels.at(i).at(c);
         std::nth_element(values.begin(), values.begin() + qptrdiff(n / 2), values.begin() + qptrdiff(n));
         middle.at(c) = values.at(n / 2);
@@ -198,13 +239,17 @@ std::optional<FitBelow> Realigner::fitBelow(qint64 from, qint64 shift, qint64 co
     }
     double luma = 0;
     double chroma = 0;
+    double rows = 0;
     for (size_t i = 0; i < n; ++i) {
-        const float offset = m_offset[pairs.at(i).second][0];
-        luma += std::min(m_edges->apart(pairs.at(i).first, pairs.at(i).second, offset + middle[0]), 4 * m_limit);
+        const Pair &pair = pairs.at(i);
+        const float offset = m_offset[pair.upper][0];
+        luma += std::min(m_edges->apart(pair.lower, pair.upper, offset + middle[0]), 4 * m_limit);
         for (size_t c = 1; c < m_edges->components(); ++c) chroma += std::abs(levels.at(i).at(c) - middle.at(c));
+        rows += double(std::min<qint64>(pair.rows, 5) - 1);
     }
     const auto others = double(std::max<size_t>(1, m_edges->components() - 1));
-    fit.residual = luma / double(n) + chroma / (double(n) * others);
+    fit.residual = (luma / double(n) + chroma / (double(n) * others)) / (1 + kFurther * rows / double(n));
+    fit.across = rows > 0;
     return fit;
 }
 
@@ -244,22 +289,59 @@ bool Realigner::breaksAt(qint64 index) const
     return false;
 }
 
+/// MCUs from `from` on without an error, at most `most`.
+qint64 Realigner::soundFrom(qint64 from, qint64 most) const
+{
+    const qint64 end = std::min(m_mcus, from + most);
+    return std::find(m_bad.begin() + from, m_bad.begin() + end, true) - (m_bad.begin() + from);
+}
+
+/// How many MCUs may be missing at a break: those of a lost cluster, or as many as fill what was passed over there.
+qint64 Realigner::farthestShift(qint64 index) const
+{
+    constexpr double kCluster = 4096;
+    constexpr qint64 kMost = 1'500;
+    const size_t passed = index + 1 < m_mcus ? m_stream.begin[size_t(index + 1)] - m_stream.begin[size_t(index)] : 0;
+    const double ofMcu = double(m_stream.begin.back() + 1) / double(m_total);
+    const double wanted = 2 * std::max(kCluster, double(passed)) / std::max(ofMcu, 0.1);
+    const qint64 least = std::min<qint64>(m_wide, 48);
+    if (!m_bad[size_t(index)]) return least;
+    return std::clamp(qint64(std::min(wanted, double(kMost))), least, std::max(least, m_total - index - m_shift));
+}
+
+/// True where the data are read from an MCU to their end without an error: the last of the stream is the last of the picture.
+bool Realigner::isFinalBreak(qint64 from) const
+{
+    return m_knowsLastShift && m_stream.ended && soundFrom(from, m_mcus - from) == m_mcus - from;
+}
+
 void Realigner::considerShifts(qint64 index, qint64 gap, std::optional<Move> &best) const
 {
     const qint64 from = index + gap;
-    const qint64 reach = std::min<qint64>(m_wide, 48);
+    constexpr double kAcross = 1.5; // what lies below a hole fits more easily
+    const qint64 reach = farthestShift(index);
     std::optional<Move> own;
     const auto consider = [&](qint64 shift) {
-        const std::optional<FitBelow> fit = fitBelow(from, m_shift + shift, m_window);
-        if (!fit) return;
         const bool isLast = m_knowsLastShift && m_shift + shift == m_lastShift;
-        const double weight = shift == 0 ? 1 : isLast ? 0.95 : 1.08 + 0.001 * double(std::abs(shift));
-        if (!own || fit->residual * weight < own->residual)
-            own = Move{fit->residual * weight, shift, fit->offset, from};
+        const bool across = isLast || m_bad[size_t(index)];
+        const std::optional<FitBelow> fit = fitBelow(from, m_shift + shift, m_window, across);
+        if (!fit) return;
+        const double weight = shift == 0 ? 1
+            : isLast                     ? 0.9
+                                         : 1.08 + 0.001 * double(std::min<qint64>(std::abs(shift), 400));
+        const double value = fit->residual * weight * (fit->across && !isLast ? kAcross : 1);
+        if (!own || value < own->residual) own = Move{value, shift, fit->offset, from};
     };
-    for (qint64 shift = -std::min<qint64>(gap + 8, 700); shift <= reach; ++shift) consider(shift);
     const qint64 last = m_lastShift - m_shift;
-    if (m_knowsLastShift && last > reach && last <= 4 * reach) consider(last);
+    if (isFinalBreak(from)) {
+        consider(last);
+    } else {
+        for (qint64 shift = -std::min<qint64>(gap + 8, 700); shift <= reach; ++shift) {
+            if (shift % 64 == 0 && outOfTime()) break;
+            consider(shift);
+        }
+        if (m_knowsLastShift && last > reach && last < m_total) consider(last);
+    }
     if (own && (!best || own->residual < best->residual * 0.85)) best = own;
 }
 
@@ -271,9 +353,7 @@ std::optional<Realigner::Move> Realigner::findMove(qint64 index) const
         if ((best && gap > 60 && best->residual < m_limit) || outOfTime()) break;
         const qint64 from = index + gap;
         if (from + 3 >= m_mcus) break;
-        const auto begin = m_bad.begin() + from;
-        const bool hurt = std::find(begin, begin + std::min(m_window, m_mcus - from), true)
-            != begin + std::min(m_window, m_mcus - from);
+        const bool hurt = soundFrom(from, m_window) < std::min(m_window, m_mcus - from);
         if (hurt && gap < 26) continue;
         considerShifts(index, gap, best);
         if (best && best->residual < 1.5 * m_usual + 2) break;
@@ -288,6 +368,14 @@ bool Realigner::stays(const Move &move) const
     for (size_t c = 0; c < m_edges->components(); ++c)
         most = std::max(most, std::abs(move.offset.at(c) - m_level.at(c)));
     return most < 3;
+}
+
+/// An error a little behind a break is what the break comes from: foreign data may be read for a while.
+qint64 Realigner::errorNear(qint64 index) const
+{
+    const qint64 near = m_knowsLastShift ? std::clamp<qint64>(m_wide, 16, 256) : 16;
+    const qint64 sound = soundFrom(index, near);
+    return sound < near && index + sound < m_mcus ? index + sound : index;
 }
 
 void Realigner::place(qint64 index)
@@ -314,6 +402,9 @@ void Realigner::apply(const Move &move, qint64 index)
     if (stays(move)) keepWhatFits(index + 1, move.from);
     m_shift += move.shift;
     m_level = move.offset;
+    // A whole row tells the levels better than the window in which the place was looked for.
+    const std::optional<FitBelow> whole = fitBelow(move.from, m_shift, soundFrom(move.from, m_wide), true);
+    if (whole) m_level = whole->offset;
     ++m_moves;
     for (qint64 at = std::max<qint64>(0, move.from + m_shift); at < m_total && m_streamAt[size_t(at)] >= 0; ++at)
         m_streamAt[size_t(at)] = -1;
@@ -334,6 +425,7 @@ std::optional<Patchwork> Realigner::run()
             continue;
         }
         ++events;
+        i = errorNear(i);
         const std::optional<Move> move = findMove(i);
         if (!move || (move->residual > 2.5 * m_limit && !m_bad[size_t(i)])) {
             place(i++);
@@ -355,13 +447,14 @@ Patchwork Realigner::collect() const
     Patchwork work;
     work.picture = m_shape;
     work.have.resize(size_t(m_total));
+    work.endsInPlace = m_stream.ended && m_shift == m_lastShift;
     const size_t mcuValues = size_t(m_shape.blocksPerMcu()) * 64;
     for (qint64 at = 0; at < m_total; ++at) {
         const qint64 index = m_streamAt[size_t(at)];
         if (index < 0) continue;
         work.have[size_t(at)] = true;
         qint16 *to = work.picture.mcu(quint32(at));
-        std::copy_n(m_values.begin() + qptrdiff(size_t(index) * mcuValues), mcuValues, to);
+        std::copy_n(m_stream.values.begin() + qptrdiff(size_t(index) * mcuValues), mcuValues, to);
         for (size_t c = 0; c < m_edges->components(); ++c) {
             const float step = std::max<quint16>(1, m_header.quant.at(m_header.components[c].quant)[0]);
             const auto lift = int(std::lround(m_offset[size_t(index)].at(c) * 8 / step));
@@ -375,9 +468,9 @@ Patchwork Realigner::collect() const
 
 } // namespace
 
-std::optional<Patchwork> realign(const Header &header, ByteView data, RealignWay way, Budget &budget)
+std::optional<Patchwork> realign(const Header &header, const McuStream &stream, RealignWay way, Budget &budget)
 {
-    return Realigner(header, data, way, budget).run();
+    return Realigner(header, stream, way, budget).run();
 }
 
 } // namespace salvage

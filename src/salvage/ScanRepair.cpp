@@ -15,7 +15,7 @@ constexpr quint32 kBehind = 20;      // MCUs behind a place by which changes are
 constexpr quint32 kInFrontHard = 24; // MCUs in front of an error in which its cause may lie
 constexpr quint32 kLean = 8;         // MCUs that have to lean the same way
 constexpr int kMostChanges = 200;
-constexpr int kMilliseconds = 5'000;
+constexpr int kMilliseconds = 2'000;
 
 /// Levels of one component along an edge row.
 struct Part
@@ -24,11 +24,11 @@ struct Part
     size_t size;
 };
 
-std::vector<Part> partsOf(const Coefficients &picture)
+std::vector<Part> partsOf(const std::vector<Component> &sampling)
 {
     std::vector<Part> parts;
     size_t at = 0;
-    for (const Component &each : picture.sampling) {
+    for (const Component &each : sampling) {
         parts.push_back({at, size_t(each.h) * 8});
         at += size_t(each.h) * 8;
     }
@@ -98,6 +98,66 @@ McuEdge edgeOf(const qint16 *mcu, const Coefficients &picture, const Header &hea
     return edge;
 }
 
+double unfitOf(const McuEdge &edge, const McuEdge *above, const McuEdge *before, const std::vector<Component> &sampling)
+{
+    constexpr double kBeside = 0.6;
+    double value = 0;
+    double weight = 0;
+    if (above) {
+        double apart = meanApart(edge.top, above->bottom, size_t(sampling[0].h) * 8);
+        Part part{0, size_t(sampling[0].h) * 8};
+        for (size_t c = 1; c < sampling.size(); ++c) {
+            part = {part.begin + part.size, size_t(sampling[c].h) * 8};
+            apart += 0.5 * std::abs(meanStep(edge.top, above->bottom, part));
+        }
+        value += apart;
+        weight += 1;
+    }
+    if (before) {
+        value += kBeside * meanApart(edge.left, before->right, size_t(sampling[0].v) * 8);
+        weight += kBeside;
+    }
+    return weight > 0 ? std::min(kWorst, value / weight) : 0;
+}
+
+std::vector<float> unfitsOf(const Coefficients &picture, const Header &header, const Budget &budget)
+{
+    std::vector<McuEdge> row(picture.mcusWide); // the last MCU of each column
+    std::vector<float> unfits(picture.mcuCount());
+    for (quint32 index = 0; index < picture.mcuCount(); ++index) {
+        if (index % 256 == 0 && budget.stopped()) break;
+        const quint32 column = index % picture.mcusWide;
+        const McuEdge edge = edgeOf(picture.mcu(index), picture, header);
+        const McuEdge *above = index >= picture.mcusWide ? &row[column] : nullptr;
+        unfits[index] = float(unfitOf(edge, above, column ? &row[column - 1] : nullptr, picture.sampling));
+        row[column] = edge;
+    }
+    return unfits;
+}
+
+double meanUnfit(const Coefficients &picture, const Header &header, const std::vector<bool> &have, const Budget &budget)
+{
+    constexpr double kHole = 1.5; // times the middle: a hole costs more than what fits, and less than what doesn't
+    std::vector<McuEdge> row(picture.mcusWide);
+    std::vector<float> unfits;
+    for (quint32 index = 0; index < picture.mcuCount(); ++index) {
+        const quint32 column = index % picture.mcusWide;
+        if (index % 256 == 0 && budget.stopped()) break;
+        if (!have[index]) continue;
+        const McuEdge edge = edgeOf(picture.mcu(index), picture, header);
+        const McuEdge *above = index >= picture.mcusWide && have[index - picture.mcusWide] ? &row[column] : nullptr;
+        const McuEdge *before = column && have[index - 1] ? &row[column - 1] : nullptr;
+        if (above || before) unfits.push_back(float(unfitOf(edge, above, before, picture.sampling)));
+        row[column] = edge;
+    }
+    if (unfits.empty()) return kWorst;
+    const double sum = std::accumulate(unfits.begin(), unfits.end(), 0.0);
+    const auto middle = unfits.begin() + qptrdiff(unfits.size() / 2);
+    std::nth_element(unfits.begin(), middle, unfits.end());
+    const double holes = double(picture.mcuCount()) - double(unfits.size());
+    return (sum + std::max(0.0, holes) * (kHole * double(*middle) + 2)) / double(std::max(1U, picture.mcuCount()));
+}
+
 ScanRepair::ScanRepair(const Header &header, Budget &budget)
     : m_header(header), m_budget(budget), m_begin(budget.elapsed()), m_reader(header, {})
 {
@@ -140,25 +200,9 @@ void ScanRepair::learnUsual(ByteView data)
     m_usual = std::clamp(unfits[unfits.size() / 2], 1.0, 20.0);
 }
 
-/// How little an MCU goes with the one above it and the one before it; either may be missing.
 double ScanRepair::unfit(const McuEdge &edge, quint32 index, const McuEdge *above, const McuEdge *before) const
 {
-    constexpr double kBeside = 0.6;
-    const auto &sampling = m_work.picture.sampling;
-    double value = 0;
-    double weight = 0;
-    if (above) {
-        double apart = meanApart(edge.top, above->bottom, size_t(sampling[0].h) * 8);
-        const std::vector<Part> parts = partsOf(m_work.picture);
-        for (size_t c = 1; c < parts.size(); ++c) apart += 0.5 * std::abs(meanStep(edge.top, above->bottom, parts[c]));
-        value += apart;
-        weight += 1;
-    }
-    if (before && index % m_work.picture.mcusWide != 0) {
-        value += kBeside * meanApart(edge.left, before->right, size_t(sampling[0].v) * 8);
-        weight += kBeside;
-    }
-    return weight > 0 ? std::min(kWorst, value / weight) : 0;
+    return unfitOf(edge, above, index % m_work.picture.mcusWide ? before : nullptr, m_work.picture.sampling);
 }
 
 /// True where the last MCUs are all lighter, all darker or all of another colour than those above them, or fit so badly that
@@ -176,7 +220,7 @@ bool ScanRepair::leans() const
             && std::count_if(m_unfit.end() - kManyUnfit, m_unfit.end(), apart) >= kManyUnfit - 2)
             return true;
     }
-    const std::vector<Part> parts = partsOf(m_work.picture);
+    const std::vector<Part> parts = partsOf(m_work.picture.sampling);
     const double limit = std::max(7.0, 1.3 * m_usual);
     for (size_t c = 0; c < parts.size(); ++c) {
         int up = 0;

@@ -106,5 +106,14 @@ private:
 
 /// Outer samples of an MCU of the shape of `picture`.
 McuEdge edgeOf(const qint16 *mcu, const Coefficients &picture, const Header &header);
+/// How little an MCU goes with the one above it and the one before it, in levels; either may be null. At most 60.
+double unfitOf(const McuEdge &edge, const McuEdge *above, const McuEdge *before,
+               const std::vector<Component> &sampling);
+/// unfitOf() of every MCU; zeros behind a stop.
+std::vector<float> unfitsOf(const Coefficients &picture, const Header &header, const Budget &budget);
+/// The mean of unfitOf() over the MCUs that are there, to which holes add a little more than what fits as usual. Of
+/// those in front of a stop alone.
+double meanUnfit(const Coefficients &picture, const Header &header, const std::vector<bool> &have,
+                 const Budget &budget);
 
 } // namespace salvage

@@ -214,6 +214,7 @@ ScanData takeScanData(ByteView file, const Scan &scan, const Draft &draft, const
     const ByteView bytes = slice(file, scan.start, scan.end);
     data.hasRestarts = draft.header.restartInterval > 0 || restartsAreRegular(bytes, budget);
     data.raw = bytes;
+    data.offset = scan.start;
     data.bytes = cleanScan(bytes, data.hasRestarts, data.codesMended, budget);
     return data;
 }

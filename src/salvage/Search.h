@@ -28,6 +28,7 @@ struct ScanData
 {
     QByteArray bytes;
     ByteView raw;             ///< the same as the file has it
+    size_t offset = 0;        ///< in the file
     bool hasRestarts = false; ///< restart markers were left in
     int codesMended = 0;
 };
