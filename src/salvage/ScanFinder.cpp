@@ -251,6 +251,7 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
 {
     Scan best;
     Scan last;
+    bool headed = false; // a scan with a header of its own stands in the file
     StopPoll poll(budget);
     Patience patience;
     for (size_t at = nextFF(file, 0); at != kNone && at + 4 < file.size(); at = nextFF(file, at + 1)) {
@@ -261,9 +262,10 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
         const bool isPart = marker == 0xC4 || marker == 0xDB || marker == 0xC0 || marker == 0xC2 || marker == 0xDD;
         if (!isPart || length < 2 || length > 2000 || end >= file.size()) continue;
         if (!patience.saw(isSoundPart(marker, slice(file, at + 4, end), known))) continue;
-        if (file[end] == 0xFF && end + 1 < file.size() && isHeaderMarker(file[end + 1])
-            && (file[end + 1] != 0xDA || hasSoundScanHeader(file, end)))
-            continue;
+        const bool markerFollows = file[end] == 0xFF && end + 1 < file.size() && isHeaderMarker(file[end + 1]);
+        const bool scanFollows = markerFollows && file[end + 1] == 0xDA && hasSoundScanHeader(file, end);
+        headed = headed || scanFollows;
+        if (scanFollows || (markerFollows && file[end + 1] != 0xDA)) continue;
         if (file[end] != 0xFF && leadsOnWithoutFF(file, end, file.size())) continue;
         Scan scan;
         scan.at = end;
@@ -273,7 +275,7 @@ Scan scanWithoutHeader(ByteView file, const KnownTables &known, const Budget &bu
         last = scan;
         if (scan.end > scan.start && double(scan.end - scan.start) >= 0.8 * double(best.end - best.start)) best = scan;
     }
-    if (best.end - best.start < 100 && beginsWithEntropyData(file)) {
+    if (!headed && best.end - best.start < 100 && beginsWithEntropyData(file)) {
         best = {};
         best.end = scanEnd(file, 0, budget);
         best.score = 0.1;
