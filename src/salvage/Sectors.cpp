@@ -1,6 +1,7 @@
 #include "salvage/Sectors.h"
 
 #include "salvage/McuReader.h"
+#include "salvage/Mending.h"
 #include "salvage/ScanRepair.h"
 
 #include <algorithm>
@@ -53,6 +54,7 @@ private:
     void tryPlace(size_t at, size_t size);
     bool readsOn(const McuReader::Place &from, size_t at, size_t other, size_t size) const;
     QByteArray swapped(size_t at, size_t other, size_t size) const;
+    double plainUnfit();
     void rate(size_t at, size_t other, size_t size);
     std::pair<quint32, quint32> mcusAround(ByteView data, size_t at, size_t size) const;
     bool outOfTime() const
@@ -68,6 +70,7 @@ private:
     std::vector<McuReader::Place> m_places;
     std::vector<size_t> m_suspects; // offsets at which damage shows
     int m_rated = 0;
+    double m_plain = -1; // negative as long as nobody asked
     double m_least = 1e18;
     std::optional<QByteArray> m_best;
 };
@@ -148,11 +151,20 @@ std::pair<quint32, quint32> SwapSearch::mcusAround(ByteView data, size_t at, siz
     return {first, std::min(m_header.mcuCount(), last + m_header.mcusWide() + 1)};
 }
 
+/// The sum over the MCUs as they are shown without a swap.
+double SwapSearch::plainUnfit()
+{
+    if (m_plain < 0) {
+        const Coefficients shown = pictureAsShown(m_header, m_data, m_budget);
+        const std::vector<float> unfits = unfitsOf(shown, m_header, m_budget);
+        m_plain = std::accumulate(unfits.begin(), unfits.end(), 0.0);
+    }
+    return m_plain;
+}
+
 /// A swap by which the data happen to be read to their end leaves a seam; the right one leaves none.
 void SwapSearch::rate(size_t at, size_t other, size_t size)
 {
-    constexpr double kNoSeam = 2; // times the usual
-    constexpr double kPlain = 12; // levels; a seam has some fifty
     if (m_rated++ >= kMostRated) return;
     const QByteArray data = swapped(at, other, size);
     Coefficients picture(m_header);
@@ -160,6 +172,8 @@ void SwapSearch::rate(size_t at, size_t other, size_t size)
     wish.values = &picture.values;
     if (!decode(m_header, view(data), m_budget, wish).perfect) return;
     std::vector<float> unfits = unfitsOf(picture, m_header, m_budget);
+    const double all = std::accumulate(unfits.begin(), unfits.end(), 0.0);
+    if (all >= plainUnfit()) return;
     double own = 0;
     for (const size_t sector : {at, other}) {
         const auto [from, to] = mcusAround(view(data), sector, size);
@@ -168,7 +182,7 @@ void SwapSearch::rate(size_t at, size_t other, size_t size)
     }
     std::nth_element(unfits.begin(), unfits.begin() + qptrdiff(unfits.size() / 2), unfits.end());
     const double usual = double(unfits[unfits.size() / 2]);
-    if (own >= m_least || own > kNoSeam * usual + kPlain) return;
+    if (own >= m_least || own > 2.2 * usual + 6) return;
     m_least = own;
     m_best = data;
 }
