@@ -117,8 +117,9 @@ bool ScanReader::standsAtRestart()
 
 bool ScanReader::atEnd()
 {
-    if (m_endOfBand > 0 || reader.left() >= 8 || !reader.marker()) return false;
-    const int left = reader.left();
+    if (m_endOfBand > 0 || !reader.marker()) return false;
+    const int left = reader.left(); // as it is once the marker was looked for
+    if (left >= 8) return false;
     // No code consists of ones alone, so the filling can't be taken for one.
     return left <= 0 || reader.peek16() >> (16 - left) == (1U << left) - 1;
 }

@@ -167,12 +167,11 @@ quint32 Placer::splitBetween() const
 /// What the levels behind the split differ by from those above them, block by block of a unit.
 void Placer::levelOff(quint32 split, std::vector<int> &offsets) const
 {
-    constexpr quint32 kMost = 64;
     const quint32 wide = m_scan.unitsWide();
     const quint32 from = std::min(m_total, split + 2); // the first ones are a break's
     for (quint32 block = 0; block < m_units.blocks; ++block) {
         std::vector<int> differences;
-        for (quint32 place = from; place < std::min({m_total, from + std::min(kMost, wide), split + wide}); ++place) {
+        for (quint32 place = from; place < std::min(m_total, split + wide); ++place) {
             const qint16 *own = back(place);
             const qint16 *above = place >= wide ? front(place - wide) : split ? front(split - 1) : nullptr;
             if (own && above) differences.push_back(above[block * 64] - own[block * 64]);
@@ -212,6 +211,7 @@ private:
     const Header &m_header;
     Budget &m_budget;
     Coefficients m_picture;
+    bool m_lost = false;                // levels can't be placed
     std::map<quint8, quint32> m_limits; // by component: blocks whose coefficients are sure
 };
 
@@ -256,6 +256,9 @@ void ScansRealigner::readOn(const ScanPart &part, ByteView data)
     if (!scan.usable()) return;
     const LooseUnits units = readAll(scan, 2 * scan.unitCount() + 1000, m_budget);
     if (units.count() == 0) return;
+    // Levels that are off are so everywhere behind: where a break is no short one no edge tells by how much.
+    constexpr auto kShort = 3;
+    m_lost = m_lost || (part.header.spectral[0] == 0 && std::count(units.bad.begin(), units.bad.end(), true) > kShort);
     const quint32 sure = Placer(part, scan, units, m_picture, m_budget).run();
     if (part.header.spectral[0] == 0) return;
     quint32 &limit = limitOf(part);
@@ -280,7 +283,7 @@ std::optional<Coefficients> ScansRealigner::run(const std::vector<ScanPart> &par
         else
             readOn(part, own);
     }
-    if (!broken || m_budget.stopped()) return std::nullopt;
+    if (!broken || m_lost || m_budget.stopped()) return std::nullopt;
     return std::move(m_picture);
 }
 
