@@ -3,8 +3,8 @@
 #include "BenchFiles.h"
 
 #include "engine/DeepRoad.h"
-#include "salvage/PictureReader.h"
 #include "salvage/Salvage.h"
+#include "salvage/entropy/PictureReader.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -2,7 +2,7 @@
 // By hand: build/fuzz/fuzz/fuzz_salvage_entropy -max_len=4000 CORPUS_FOLDER samples
 #include "FuzzRun.h"
 
-#include "salvage/PictureReader.h"
+#include "salvage/entropy/PictureReader.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #include "FuzzRun.h"
 
 #include "engine/DeepRoad.h"
-#include "salvage/PictureReader.h"
 #include "salvage/Salvage.h"
+#include "salvage/entropy/PictureReader.h"
 
 using namespace salvage;
 

@@ -4,10 +4,10 @@
 #include "FuzzRun.h"
 
 #include "engine/DeepRoad.h"
-#include "salvage/Draft.h"
-#include "salvage/KnownTables.h"
-#include "salvage/SegmentList.h"
-#include "salvage/Structure.h"
+#include "salvage/search/Draft.h"
+#include "salvage/structure/SegmentList.h"
+#include "salvage/structure/Structure.h"
+#include "salvage/tables/KnownTables.h"
 
 #include <set>
 

@@ -16,6 +16,7 @@ public:
     static constexpr int kMilliseconds = 12'000;
     static constexpr int kSymbolMilliseconds = 5'000;
     static constexpr int kDecodes = 2'000;
+    static constexpr int kSymbolDecodes = 1'800; // of these for symbols: what they leave open has to be mended
 
     /// `stop` is asked often and from the thread of the salvage; empty for never.
     explicit Budget(std::function<bool()> stop = {}, int milliseconds = kMilliseconds, int decodes = kDecodes)
@@ -31,6 +32,12 @@ public:
     bool stopped() const { return m_stop && m_stop(); }
     void countDecode() { ++m_decodesUsed; }
     int decodes() const { return m_decodesUsed; }
+    int decodesLeft() const { return m_decodes - m_decodesUsed; }
+    /// True once the search for symbols, which began after `begin` milliseconds, has had its share.
+    bool symbolsSpent(int begin) const
+    {
+        return spent() || m_decodesUsed >= kSymbolDecodes || elapsed() - begin > kSymbolMilliseconds;
+    }
     /// Milliseconds since the salvage began.
     int elapsed() const
     {

@@ -1,10 +1,10 @@
 #include "salvage/EighthBit.h"
 
-#include "salvage/Mending.h"
-#include "salvage/Picture.h"
-#include "salvage/PictureReader.h"
 #include "salvage/Salvage.h"
-#include "salvage/Structure.h"
+#include "salvage/entropy/PictureReader.h"
+#include "salvage/picture/Mending.h"
+#include "salvage/picture/Picture.h"
+#include "salvage/structure/Structure.h"
 
 #include <algorithm>
 #include <cmath>

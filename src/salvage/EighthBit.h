@@ -2,7 +2,7 @@
 #pragma once
 
 #include "salvage/Budget.h"
-#include "salvage/KnownTables.h"
+#include "salvage/tables/KnownTables.h"
 
 #include <QByteArray>
 

@@ -1,12 +1,12 @@
 #include "salvage/OnePicture.h"
 
-#include "salvage/Mending.h"
-#include "salvage/Quantization.h"
-#include "salvage/ScansData.h"
-#include "salvage/ScansMending.h"
-#include "salvage/ScansRealign.h"
-#include "salvage/ScansSearch.h"
-#include "salvage/Search.h"
+#include "salvage/picture/Mending.h"
+#include "salvage/picture/ScansMending.h"
+#include "salvage/picture/ScansRealign.h"
+#include "salvage/search/ScansSearch.h"
+#include "salvage/search/Search.h"
+#include "salvage/structure/ScansData.h"
+#include "salvage/tables/Quantization.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "salvage/Salvage.h"
-#include "salvage/ScanFinder.h"
+#include "salvage/structure/ScanFinder.h"
 
 namespace salvage {
 

@@ -1,10 +1,10 @@
 #include "salvage/Salvage.h"
 
 #include "salvage/EighthBit.h"
-#include "salvage/Mending.h"
 #include "salvage/OnePicture.h"
-#include "salvage/PictureReader.h"
-#include "salvage/Quantization.h"
+#include "salvage/entropy/PictureReader.h"
+#include "salvage/picture/Mending.h"
+#include "salvage/tables/Quantization.h"
 
 #include <algorithm>
 #include <cmath>
@@ -154,7 +154,6 @@ std::optional<Result> salvage(ByteView file, const KnownTables &known, Budget &b
 
 bool worthShowing(const Result &result, ByteView told, ByteView source, const KnownTables &known, Budget &budget)
 {
-    constexpr double kBetter = 0.997; // a block more or less is no reason
     if (told.empty()) return true;
     const ByteView bytes = view(result.file);
     if (std::equal(told.begin(), told.end(), bytes.begin(), bytes.end())) return false;
@@ -168,10 +167,8 @@ bool worthShowing(const Result &result, ByteView told, ByteView source, const Kn
         return true;
     if (theirs.reading.width != result.width || theirs.reading.height != result.height)
         return worthInAnotherSize(result, theirs, int(told.size()));
-    if (result.realigned) {
-        if (errors == 0 || !own.canBeSeen() || !theirs.canBeSeen()) return false;
-        return stepsOf(own, budget).sum() < kBetter * stepsOf(theirs, budget).sum();
-    }
+    // A realigned one looks better than the data as they stand, or it wouldn't be there.
+    if (result.realigned) return errors > 0;
     if (errors) {
         return result.share >= 0.5 && (own.reading.errors < errors || own.reading.share > theirs.reading.share + 0.02);
     }

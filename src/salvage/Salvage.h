@@ -3,9 +3,9 @@
 #pragma once
 
 #include "salvage/Budget.h"
-#include "salvage/KnownTables.h"
 #include "salvage/Steps.h"
 #include "salvage/Types.h"
+#include "salvage/tables/KnownTables.h"
 
 #include <QByteArray>
 

@@ -1,8 +1,8 @@
 // JPEGs taken apart by libjpeg, which shares no line with what is tested, and small tools around them.
 #pragma once
 
-#include "salvage/Entropy.h"
-#include "salvage/KnownTables.h"
+#include "salvage/entropy/Entropy.h"
+#include "salvage/tables/KnownTables.h"
 
 #include <QImage>
 

@@ -2,7 +2,7 @@
 
 #include "Apart.h"
 
-#include "salvage/BitReader.h"
+#include "salvage/entropy/BitReader.h"
 #include "support/Damage.h"
 #include "support/Grammar.h"
 #include "support/Pictures.h"

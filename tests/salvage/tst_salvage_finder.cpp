@@ -2,9 +2,9 @@
 
 #include "Apart.h"
 
-#include "salvage/Draft.h"
-#include "salvage/SegmentList.h"
-#include "salvage/Structure.h"
+#include "salvage/search/Draft.h"
+#include "salvage/structure/SegmentList.h"
+#include "salvage/structure/Structure.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

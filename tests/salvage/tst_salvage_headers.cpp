@@ -5,7 +5,7 @@
 
 #include "salvage/EighthBit.h"
 #include "salvage/Salvage.h"
-#include "salvage/TableCut.h"
+#include "salvage/tables/TableCut.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

@@ -2,8 +2,8 @@
 
 #include "Apart.h"
 
-#include "salvage/PictureReader.h"
 #include "salvage/Salvage.h"
+#include "salvage/entropy/PictureReader.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

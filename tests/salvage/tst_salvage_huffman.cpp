@@ -2,7 +2,7 @@
 
 #include "Apart.h"
 
-#include "salvage/Huffman.h"
+#include "salvage/tables/Huffman.h"
 #include "support/Grammar.h"
 #include "support/JpegMaker.h"
 #include "support/Pictures.h"

@@ -2,8 +2,8 @@
 
 #include "Apart.h"
 
-#include "salvage/Mending.h"
 #include "salvage/Salvage.h"
+#include "salvage/picture/Mending.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

@@ -2,8 +2,8 @@
 
 #include "Apart.h"
 
-#include "salvage/Picture.h"
-#include "salvage/PictureReader.h"
+#include "salvage/entropy/PictureReader.h"
+#include "salvage/picture/Picture.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

@@ -2,9 +2,9 @@
 
 #include "Apart.h"
 
-#include "salvage/PictureReader.h"
 #include "salvage/Salvage.h"
-#include "salvage/ScansSize.h"
+#include "salvage/entropy/PictureReader.h"
+#include "salvage/search/ScansSize.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

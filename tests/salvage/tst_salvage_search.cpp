@@ -2,8 +2,8 @@
 
 #include "Apart.h"
 
-#include "salvage/Quantization.h"
-#include "salvage/Search.h"
+#include "salvage/search/Search.h"
+#include "salvage/tables/Quantization.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 

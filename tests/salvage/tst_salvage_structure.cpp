@@ -2,7 +2,7 @@
 
 #include "Apart.h"
 
-#include "salvage/Structure.h"
+#include "salvage/structure/Structure.h"
 #include "support/Grammar.h"
 #include "support/JpegMaker.h"
 #include "support/Pictures.h"
