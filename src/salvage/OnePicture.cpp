@@ -189,7 +189,13 @@ std::optional<Result> salvageOne(ByteView file, const Candidate &candidate, cons
     if (!parts) return std::nullopt;
     parts->solution.steps.insert(draft.steps.begin(), draft.steps.end());
     if (parts->quant.replaced) parts->solution.steps.insert(Step::Quantization);
-    return resultOf(std::move(*parts));
+    Result result = resultOf(std::move(*parts));
+    // Where a frame was hit, its size may have been, and end within the same MCUs.
+    const auto &given = draft.exifSizes;
+    const bool sizeSure = draft.frameFirm || !draft.steps.count(Step::FrameMended)
+        || std::find(given.begin(), given.end(), PictureSize{result.width, result.height}) != given.end();
+    if (result.certainty == Certainty::Exact && !sizeSure) result.certainty = Certainty::Likely;
+    return result;
 }
 
 } // namespace salvage

@@ -81,6 +81,8 @@ bool worthInAnotherSize(const Result &result, const Opened &told, int toldBytes)
 bool worthAsClean(const Result &result, const Opened &own, const Opened &told, Budget &budget)
 {
     if (!result.perfect || !own.canBeSeen() || !told.canBeSeen()) return false;
+    // Tables that look damaged and stayed for want of better ones are no gain.
+    if (own.reading.roughTables && !told.reading.roughTables) return false;
     const bool quantMended =
         std::find(result.steps.begin(), result.steps.end(), Step::Quantization) != result.steps.end();
     // The other ways know tables too, and may have made the same picture.

@@ -145,6 +145,21 @@ void Drafter::takeFrame()
     header().frame = draft.progressive ? quint8(0xC2) : marker == 0xC2 ? quint8(0xC0) : marker;
 }
 
+/// How many of the ids count on from `first`, as encoders give them.
+template<typename Parts>
+int inTurn(const Parts &parts, size_t first)
+{
+    int count = 0;
+    for (size_t i = 0; i < parts.size(); ++i) count += parts[i].id == first + i;
+    return count;
+}
+
+template<typename Parts>
+int inTurn(const Parts &parts)
+{
+    return std::max(inTurn(parts, 0), inTurn(parts, 1));
+}
+
 /// Sets the components' ids by the scan's, or both to what is usual.
 void Drafter::mendIds()
 {
@@ -159,9 +174,10 @@ void Drafter::mendIds()
     const bool scanDiffers = scanIds.size() == scan.size();
     if (ids.size() == components.size() && scanFits && (scanDiffers || !sameCount)) return;
     draft.steps.insert(Step::FrameMended);
-    // A frame that is sound in every field stays where the scan isn't, and so does that of several scans: later ones go by
-    // its ids too.
-    const bool frameHolds = draft.severalScans || (draft.frameFirm && draft.scanDoubtful);
+    // A frame that is sound in every field stays where the scan isn't. Later scans go by its ids too: of several scans the
+    // first may be the one that was hit.
+    const bool frameHolds = draft.scanDoubtful ? draft.severalScans || draft.frameFirm
+                                               : draft.severalScans && inTurn(components) > inTurn(scan);
     if (sameCount && frameHolds && ids.size() == components.size()) {
         for (size_t i = 0; i < scan.size(); ++i) scan[i].id = components[i].id;
         return;
@@ -170,13 +186,7 @@ void Drafter::mendIds()
         for (size_t i = 0; i < scan.size(); ++i) components[i].id = scan[i].id;
         return;
     }
-    int fromOne = 0;
-    int fromZero = 0;
-    for (size_t i = 0; i < components.size(); ++i) {
-        fromOne += components[i].id == i + 1;
-        fromZero += components[i].id == i;
-    }
-    const quint8 first = fromOne >= fromZero ? 1 : 0;
+    const quint8 first = inTurn(components, 1) >= inTurn(components, 0) ? 1 : 0;
     for (size_t i = 0; i < components.size(); ++i) components[i].id = quint8(first + i);
     for (size_t i = 0; i < scan.size() && scan.size() == components.size(); ++i) scan[i].id = components[i].id;
 }
