@@ -42,7 +42,7 @@ public:
 private:
     QByteArray bytesBy(const std::vector<Code> &codes) const;
     Trial attempt(const std::vector<Code> &codes);
-    bool improve(Trial &best, std::vector<Code> codes);
+    bool improve(Trial &best, const std::vector<Code> &codes);
 
     const ScanPart &m_part;
     ByteView m_raw;
@@ -89,7 +89,7 @@ Trial CodeMender::attempt(const std::vector<Code> &codes)
 }
 
 /// True once `best` can't be bettered.
-bool CodeMender::improve(Trial &best, std::vector<Code> codes)
+bool CodeMender::improve(Trial &best, const std::vector<Code> &codes)
 {
     if (best.perfect() || m_budget.spent()) return true;
     Trial trial = attempt(codes);
