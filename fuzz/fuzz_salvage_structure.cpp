@@ -58,7 +58,8 @@ void checkSegments(ByteView file)
 {
     size_t behind = 0;
     for (const Segment &each : walkSegments(file, 0, file.size())) {
-        demand(each.begin >= behind && each.begin - behind < 4 && each.end > each.begin,
+        // A marker without its FF begins with the last byte of what stands in front of it.
+        demand(each.begin + 1 >= behind && each.begin < behind + 4 && each.end > each.begin,
                "segments overlap or leave holes");
         demand(isWithin(each.body, file) && each.end <= file.size(), "a segment reaches out of the file");
         behind = each.end;
