@@ -36,12 +36,12 @@ class Judge
 public:
     Judge(const Header &header, ByteView data, Budget &budget) : m_header(header), m_data(data), m_budget(budget) {}
 
-    double looks(const Patchwork &work)
+    /// Fills the holes of `work`.
+    double looks(Patchwork &work)
     {
         if (m_steps < 0) lookAtPlain();
-        Patchwork filled = work;
-        fillHoles(filled, m_header);
-        const double steps = borderSteps(filled.picture, m_header, filled.picture.mcusHigh, &m_budget).sum();
+        fillHoles(work, m_header);
+        const double steps = borderSteps(work.picture, m_header, work.picture.mcusHigh, &m_budget).sum();
         const double unfit = meanUnfit(work.picture, m_header, work.have, m_budget);
         // What is read to its end and ends with the picture stands in its place, whatever the seams look like.
         const double trust = work.endsInPlace ? 0.95 : 1;
@@ -110,7 +110,7 @@ std::optional<Mended> mendByEdges(const Header &header, const ScanData &data, Ju
         const double own = judge.looks(repair.work());
         if (own < least) {
             least = own;
-            best = repair.work();
+            best = std::move(repair.work());
             steps = {Step::HitsRepaired};
         }
     }

@@ -174,8 +174,16 @@ bool ScanRepair::outOfTime() const
 
 void ScanRepair::noteMcu(quint32 index)
 {
-    m_edges[index] = edgeOf(m_work.picture.mcu(index), m_work.picture, m_header);
+    m_edges[index].reset();
     m_work.have[index] = true;
+}
+
+const McuEdge *ScanRepair::edgeAt(quint32 index) const
+{
+    if (!m_work.have[index]) return nullptr;
+    if (!m_edges[index])
+        m_edges[index] = std::make_unique<McuEdge>(edgeOf(m_work.picture.mcu(index), m_work.picture, m_header));
+    return m_edges[index].get();
 }
 
 /// Finds the middle of what MCUs differ from their neighbours; damage takes little part in it.
@@ -227,8 +235,10 @@ bool ScanRepair::leans() const
         int down = 0;
         for (quint32 i = done - kLean; i < done; ++i) {
             const quint32 index = m_first + i;
-            if (index < wide || !m_edges[index - wide] || !m_edges[index]) return false;
-            const float step = meanStep(m_edges[index]->top, m_edges[index - wide]->bottom, parts[c]);
+            const McuEdge *own = edgeAt(index);
+            const McuEdge *above = index < wide ? nullptr : edgeAt(index - wide);
+            if (!own || !above) return false;
+            const float step = meanStep(own->top, above->bottom, parts[c]);
             up += step > limit;
             down += step < -limit;
         }
@@ -242,12 +252,14 @@ void ScanRepair::accept(const qint16 *mcu, const McuReader::Place &place)
     const quint32 index = m_first + quint32(m_places.size());
     const quint32 wide = m_work.picture.mcusWide;
     std::copy_n(mcu, m_scratch.size(), m_work.picture.mcu(index));
-    const McuEdge edge = edgeOf(mcu, m_work.picture, m_header);
-    const McuEdge *above = index >= wide && m_edges[index - wide] ? &*m_edges[index - wide] : nullptr;
-    const McuEdge *before = index > 0 && m_edges[index - 1] ? &*m_edges[index - 1] : nullptr;
-    const double own = unfit(edge, index, above, before);
-    m_edges[index] = edge;
     m_work.have[index] = true;
+    m_edges[index].reset();
+    const McuEdge *above = index >= wide ? edgeAt(index - wide) : nullptr;
+    const McuEdge *before = index > 0 ? edgeAt(index - 1) : nullptr;
+    const double own = unfit(*edgeAt(index), index, above, before);
+    // What lies far behind is seldom asked for, and can be worked out again.
+    const quint32 kept = 2 * wide + 512;
+    if (index >= kept) m_edges[index - kept].reset();
     m_places.push_back(place);
     m_unfit.push_back(float(own));
 }
@@ -255,7 +267,6 @@ void ScanRepair::accept(const qint16 *mcu, const McuReader::Place &place)
 void ScanRepair::forgetFrom(quint32 number)
 {
     for (quint32 i = number; i < m_places.size(); ++i) {
-        m_edges[m_first + i].reset();
         m_work.have[m_first + i] = false;
     }
     m_places.resize(number);
@@ -342,11 +353,9 @@ void ScanRepair::rate(const Change &change, Window window, Rated &best)
         const McuEdge *above = nullptr;
         if (i >= start + wide)
             above = &edges[i - start - wide];
-        else if (index >= wide && m_edges[index - wide])
-            above = &*m_edges[index - wide];
-        const McuEdge *before = i > start ? &edges[i - start - 1]
-            : index && m_edges[index - 1] ? &*m_edges[index - 1]
-                                          : nullptr;
+        else if (index >= wide)
+            above = edgeAt(index - wide);
+        const McuEdge *before = i > start ? &edges[i - start - 1] : index ? edgeAt(index - 1) : nullptr;
         value += unfit(edges.back(), index, above, before);
         readValue = value;
     }

@@ -5,6 +5,7 @@
 #include "salvage/picture/Mending.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -71,6 +72,8 @@ private:
     bool outOfTime() const;
     double usual() const;
     double unfit(const McuEdge &edge, quint32 index, const McuEdge *above, const McuEdge *before) const;
+    /// nullptr where nothing was read.
+    const McuEdge *edgeAt(quint32 index) const;
     bool leans() const;
     void accept(const qint16 *mcu, const McuReader::Place &place);
     void forgetFrom(quint32 number);
@@ -90,8 +93,8 @@ private:
     int m_begin;
     Patchwork m_work;
     McuReader m_reader;
-    std::vector<std::optional<McuEdge>> m_edges; // by MCU of the picture
-    double m_usual = 0;                          // the middle of unfit() over the whole scan
+    mutable std::vector<std::unique_ptr<McuEdge>> m_edges; // by MCU of the picture; those that were asked for
+    double m_usual = 0;                                    // the middle of unfit() over the whole scan
 
     // Of the stretch in hand
     QByteArray m_data;
