@@ -132,6 +132,11 @@ void TestSalvageSearch::scanDataAreCleaned()
     QCOMPARE(data.codesMended, 3);
     draft.header.restartInterval = 4;
     QCOMPARE(takeScanData(view(odd), scan, draft).bytes, odd);
+    const QByteArray filled = bytes({1, 2, 0xFF, 0, 3, 0xFF, 0xFF}); // what filled in front of EOI is no code
+    scan.end = 7;
+    data = takeScanData(view(filled), scan, {});
+    QCOMPARE(data.bytes, filled.left(5));
+    QCOMPARE(data.codesMended, 0);
 }
 
 void TestSalvageSearch::sizesAreCounted_data()

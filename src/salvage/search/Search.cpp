@@ -211,7 +211,9 @@ std::vector<TableChoice> tableChoices(const Draft &draft)
 ScanData takeScanData(ByteView file, const Scan &scan, const Draft &draft, const Budget &budget)
 {
     ScanData data;
-    const ByteView bytes = slice(file, scan.start, scan.end);
+    ByteView bytes = slice(file, scan.start, scan.end);
+    // FF may fill in front of a marker (ISO/IEC 10918-1, B.1.1.2), EOI too, which is gone then.
+    while (!bytes.empty() && bytes.back() == 0xFF) bytes = bytes.first(bytes.size() - 1);
     data.hasRestarts = draft.header.restartInterval > 0 || restartsAreRegular(bytes, budget);
     data.raw = bytes;
     data.offset = scan.start;
