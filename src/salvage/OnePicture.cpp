@@ -3,9 +3,9 @@
 #include "salvage/picture/Mending.h"
 #include "salvage/picture/ScansMending.h"
 #include "salvage/picture/ScansRealign.h"
+#include "salvage/search/ScansData.h"
 #include "salvage/search/ScansSearch.h"
 #include "salvage/search/Search.h"
-#include "salvage/structure/ScansData.h"
 #include "salvage/tables/Quantization.h"
 
 #include <algorithm>

@@ -4,7 +4,6 @@
 #include "salvage/OnePicture.h"
 #include "salvage/entropy/PictureReader.h"
 #include "salvage/picture/Mending.h"
-#include "salvage/picture/ScanRepair.h"
 #include "salvage/tables/Quantization.h"
 
 #include <algorithm>
@@ -63,33 +62,6 @@ BorderSteps stepsOf(const Opened &opened, Budget &budget)
 bool has(const Result &result, Step step)
 {
     return std::find(result.steps.begin(), result.steps.end(), step) != result.steps.end();
-}
-
-/// The less of each the better.
-struct Looks
-{
-    double steps = 0; ///< across borders
-    double unfit = 0; ///< of MCUs
-};
-
-Looks looksOf(const Opened &opened, Budget &budget)
-{
-    constexpr double kLeast = 0.01;
-    const Coefficients picture = opened.picture(budget);
-    const std::vector<bool> all(picture.mcuCount(), true);
-    return {std::max(kLeast, borderSteps(picture, opened.header, picture.mcusHigh, &budget).sum()),
-            std::max(kLeast, meanUnfit(picture, opened.header, all, budget))};
-}
-
-/// True where a realigned picture has lost more than it has put right. What looks a little worse is often the better one: a
-/// grey area in the place of a picture has no steps.
-bool looksFarWorse(const Opened &own, const Opened &told, Budget &budget)
-{
-    constexpr double kFar = 1.15;
-    if (!own.canBeSeen() || !told.canBeSeen()) return true;
-    const Looks mine = looksOf(own, budget);
-    const Looks theirs = looksOf(told, budget);
-    return mine.steps / theirs.steps + mine.unfit / theirs.unfit > 2 * kFar;
 }
 
 /// True where the components have the same quantization tables.
@@ -201,9 +173,8 @@ bool worthShowing(const Result &result, ByteView told, ByteView source, const Kn
         return true;
     if (theirs.reading.width != result.width || theirs.reading.height != result.height)
         return worthInAnotherSize(result, theirs, int(told.size()));
-    // A realigned one looks better than the data as they stand, or it wouldn't be there; of intervals nobody has said so.
-    if (result.realigned)
-        return errors > 0 && !(has(result, Step::Resynchronised) && looksFarWorse(own, theirs, budget));
+    // A realigned one looks better than the data as they stand, or it wouldn't be there.
+    if (result.realigned) return errors > 0;
     if (errors) {
         return result.share >= 0.5 && (own.reading.errors < errors || own.reading.share > theirs.reading.share + 0.02);
     }

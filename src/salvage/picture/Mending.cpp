@@ -15,6 +15,7 @@ constexpr quint32 kMostMcus = 60'000; // to realign
 constexpr quint32 kMostIntervalMcus = 1'000'000;
 constexpr int kMilliseconds = 5'000; // for all of it
 constexpr double kBetter = 0.98;     // of the looks of the plain decode, that a mended scan must come to
+constexpr double kFarWorse = 1.15;   // than the plain decode, where a grey area has no steps and no misfits
 
 /// Writes a patchwork as a scan of its own.
 Mended written(const Header &header, Patchwork &&work, std::set<Step> steps)
@@ -64,7 +65,8 @@ private:
     double m_unfit = 0;
 };
 
-/// The best of the ways of realigning (the surest first, for the time may run out), if it is better than `least`, which gets its looks.
+/// The best of the ways of realigning, if it is better than `least`, which gets its looks. The surest come first, for the
+/// time may run out.
 std::optional<Patchwork> realigned(const Header &header, ByteView data, Judge &judge, double &least, Budget &budget)
 {
     std::optional<Patchwork> best;
@@ -87,7 +89,9 @@ std::optional<Mended> mendByIntervals(const Header &header, const ScanData &data
 {
     if (header.mcuCount() > kMostIntervalMcus) return std::nullopt;
     std::optional<Patchwork> work = resynchronise(header, data, budget);
-    if (!work || (work->share() <= 0.5 && judge.looks(*work) >= kBetter)) return std::nullopt;
+    if (!work) return std::nullopt;
+    // Numbers are better witnesses than looks where most of the picture was read by them.
+    if (judge.looks(*work) >= (work->share() > 0.5 ? kFarWorse : kBetter)) return std::nullopt;
     return written(header, std::move(*work), {Step::Resynchronised});
 }
 

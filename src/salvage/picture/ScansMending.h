@@ -2,7 +2,7 @@
 #pragma once
 
 #include "salvage/entropy/PictureReader.h"
-#include "salvage/structure/ScansData.h"
+#include "salvage/search/ScansData.h"
 
 namespace salvage {
 

@@ -351,6 +351,19 @@ const std::vector<std::vector<std::pair<quint8, quint8>>> &usualSamplings()
     return all;
 }
 
+std::vector<Header> withOtherSamplings(const Header &header)
+{
+    std::vector<Header> others;
+    for (const auto &sampling : usualSamplings()) {
+        if (sampling.size() != header.components.size()) continue;
+        Header other = header;
+        for (size_t i = 0; i < sampling.size(); ++i)
+            std::tie(other.components[i].h, other.components[i].v) = sampling[i];
+        if (other.components != header.components) others.push_back(std::move(other));
+    }
+    return others;
+}
+
 std::vector<PictureSize> exifSizes(ByteView file)
 {
     constexpr size_t kFront = 300'000;

@@ -39,6 +39,8 @@ Draft draftHeader(ByteView file, const Candidate &candidate, const KnownTables &
 
 /// Samplings that are in use, the likeliest first, as factors by component.
 const std::vector<std::vector<std::pair<quint8, quint8>>> &usualSamplings();
+/// `header` with each usual sampling of so many components, but for the one that it has.
+std::vector<Header> withOtherSamplings(const Header &header);
 
 /// Sizes that Exif gives (PixelXDimension and PixelYDimension, tags A002 and A003), each once, at most 16.
 std::vector<PictureSize> exifSizes(ByteView file);

@@ -69,16 +69,8 @@ std::vector<ScansSearch::Variant> ScansSearch::variants() const
         made = Step::SizeFound;
     }
     std::vector<Variant> all = {{found, made}};
-    Header other = found;
-    for (const auto &sampling : usualSamplings()) {
-        if (sampling.size() != found.components.size()) continue;
-        other = found;
-        for (size_t i = 0; i < sampling.size(); ++i) {
-            other.components[i].h = sampling[i].first;
-            other.components[i].v = sampling[i].second;
-        }
-        if (other.components != found.components) all.emplace_back(other, made ? made : Step::FrameMended);
-    }
+    for (Header &other : withOtherSamplings(found)) all.emplace_back(std::move(other), made ? made : Step::FrameMended);
+    Header other;
     for (const PictureSize &size : m_draft.exifSizes) {
         other = found;
         other.width = size.width;

@@ -28,15 +28,8 @@ std::vector<Variant> variantsOf(const Draft &draft)
     other.restartInterval = 0;
     variants.push_back({other, Step::IntervalFound, true});
     if (found.restartInterval) variants.push_back({other, Step::IntervalFound, false});
-    for (const auto &sampling : usualSamplings()) {
-        if (sampling.size() != found.components.size()) continue;
-        other = found;
-        for (size_t i = 0; i < sampling.size(); ++i) {
-            other.components[i].h = sampling[i].first;
-            other.components[i].v = sampling[i].second;
-        }
-        if (other.components != found.components) variants.push_back({other, Step::FrameMended, false});
-    }
+    for (Header &sampled : withOtherSamplings(found))
+        variants.push_back({std::move(sampled), Step::FrameMended, false});
     for (const PictureSize &size : draft.exifSizes) {
         if (size == PictureSize{found.width, found.height}) continue;
         other = found;

@@ -1,4 +1,4 @@
-#include "salvage/structure/ScansData.h"
+#include "salvage/search/ScansData.h"
 
 #include "salvage/entropy/Entropy.h"
 #include "salvage/structure/Structure.h"
