@@ -1,6 +1,7 @@
 // Whole salvages: each kind of damage that one of its steps is for, and the choice between its picture and another's.
 
 #include "Apart.h"
+#include "Drawn.h"
 
 #include "salvage/Salvage.h"
 #include "support/Damage.h"
@@ -10,26 +11,11 @@
 
 using namespace salvage;
 using namespace words;
+using namespace drawn;
 
 Q_DECLARE_METATYPE(JpegOptions)
 
 namespace {
-
-const JpegOptions kKnown = {.quality = 88};
-const JpegOptions kOwn = {.quality = 88, .optimised = true};
-const JpegOptions kProgressive = {.quality = 88, .progressive = true};
-const JpegOptions kRestarts = {.quality = 88, .restartMcus = 20};
-
-/// 320 x 240: shapes that are usual, and MCUs that end with the picture.
-QByteArray jpeg(const JpegOptions &options)
-{
-    return makeJpeg(drawPicture(320, 240), options);
-}
-
-Damage damaged(const JpegOptions &options)
-{
-    return Damage(jpeg(options));
-}
 
 /// One with a preview that is larger than itself in an APP2, and its DHT hit.
 QByteArray withLargePreview()

@@ -2,6 +2,7 @@
 // and files that went over seven bits.
 
 #include "Apart.h"
+#include "Drawn.h"
 
 #include "salvage/EighthBit.h"
 #include "salvage/Salvage.h"
@@ -13,25 +14,11 @@
 
 using namespace salvage;
 using namespace words;
+using namespace drawn;
 
 Q_DECLARE_METATYPE(JpegOptions)
 
 namespace {
-
-const JpegOptions kKnown = {.quality = 88};
-const JpegOptions kOwn = {.quality = 88, .optimised = true};
-const JpegOptions kProgressive = {.quality = 88, .progressive = true};
-const JpegOptions kRestarts = {.quality = 88, .restartMcus = 20};
-
-QByteArray jpeg(const JpegOptions &options, int width = 320, int height = 240)
-{
-    return makeJpeg(drawPicture(width, height), options);
-}
-
-Damage damaged(const JpegOptions &options)
-{
-    return Damage(jpeg(options));
-}
 
 const std::vector<HuffmanKey> kOrder = {0x00, 0x10, 0x01, 0x11};
 
