@@ -49,6 +49,7 @@ OutputRow plainRow(const FileOutcome &outcome, const QString &name, int &width)
     row.name = withoutSlashes(name);
     const OutputReport *output = reported(outcome, name);
     row.path = output && QFileInfo::exists(output->path) ? output->path : outputPath(name);
+    if (output) row.wholeness = output->wholeness;
     QSize size(0, 0);
     if (output && output->size.isValid()) {
         size = output->size;
@@ -117,6 +118,7 @@ OutputRow salvagedRow(const SalvageReport &salvage)
     row.path = salvage.path;
     row.resolution = QStringLiteral("%1x%2").arg(salvage.size.height()).arg(salvage.size.width());
     row.icon = salvage.icon;
+    row.wholeness = salvage.wholeness;
     return row;
 }
 
@@ -127,6 +129,7 @@ OutputRow heicRow(const FileOutcome &outcome, const QString &name)
     row.name = withoutSlashes(name);
     row.type = QStringLiteral("Repaired");
     row.path = outputPath(name);
+    if (const OutputReport *output = reported(outcome, name)) row.wholeness = output->wholeness;
     if (outcome.suffix != QLatin1String("HEIC")) row.resolution = QStringLiteral("0x0");
     return row;
 }

@@ -17,6 +17,7 @@ struct OutputRow
     bool thumbnail = false;
     QString statusCode = QStringLiteral("4"); ///< status of the output row
     QImage icon;                              ///< the picture, at most 32 x 32; null if it doesn't decode
+    Wholeness wholeness{};                    ///< how much of the picture is there
 };
 
 struct OutputRows

@@ -13,7 +13,7 @@ struct ReasonWords
     const char *text;
 };
 
-constexpr std::array<ReasonWords, 12> kReasons = {{
+constexpr std::array<ReasonWords, 15> kReasons = {{
     {RepairReason::None, "", ""},
     {RepairReason::Unreadable, "unreadable", "The file can't be read, or it isn't a file."},
     {RepairReason::Empty, "empty", "The file is empty."},
@@ -27,6 +27,9 @@ constexpr std::array<ReasonWords, 12> kReasons = {{
      "The boxes that describe the image are lost; a healthy sample from the same camera may help."},
     {RepairReason::DiskFull, "disk-full", "The disk of the working folder is full."},
     {RepairReason::Stopped, "stopped", "The run was stopped before the file was finished."},
+    {RepairReason::Healthy, "healthy", "It opens as it is."},
+    {RepairReason::NoPictureData, "no-picture-data", "The file holds no picture data."},
+    {RepairReason::SampleUnfit, "sample-unfit", "The sample doesn't fit this file."},
 }};
 
 const ReasonWords &wordsOf(RepairReason reason)
@@ -37,6 +40,13 @@ const ReasonWords &wordsOf(RepairReason reason)
     return kReasons[0];
 }
 
+void insertWholeness(QJsonObject &object, const Wholeness &wholeness)
+{
+    if (wholeness.completeness == Completeness::Unjudged) return;
+    object.insert("completeness", completenessWord(wholeness.completeness));
+    object.insert("share", wholeness.share);
+}
+
 QJsonObject toJson(const OutputReport &output)
 {
     QJsonObject object{{"name", output.name}, {"path", output.path}, {"way", wayWord(output.way)}};
@@ -44,6 +54,7 @@ QJsonObject toJson(const OutputReport &output)
         object.insert("width", output.size.width());
         object.insert("height", output.size.height());
     }
+    insertWholeness(object, output.wholeness);
     return object;
 }
 
@@ -53,6 +64,7 @@ QJsonObject toJson(const SalvageReport &salvage)
                        {"certainty", salvage.certainty},
                        {"milliseconds", salvage.milliseconds}};
     if (!salvage.passedOver.isEmpty()) object.insert("passedOver", salvage.passedOver);
+    insertWholeness(object, salvage.wholeness);
     return object;
 }
 
@@ -82,6 +94,17 @@ QString wayWord(RepairWay way)
     return {};
 }
 
+QString completenessWord(Completeness completeness)
+{
+    switch (completeness) {
+    case Completeness::Unjudged: break;
+    case Completeness::Whole: return QStringLiteral("whole");
+    case Completeness::Partial: return QStringLiteral("partial");
+    case Completeness::Doubtful: return QStringLiteral("doubtful");
+    }
+    return {};
+}
+
 QJsonObject toJson(const RepairReport &report)
 {
     QJsonArray outputs;
@@ -99,6 +122,9 @@ QJsonObject toJson(const RepairReport &report)
         {"outputs", outputs},
         {"reason", reasonWord(report.reason)},
     };
+    if (report.sourceHealthy) object.insert("healthy", true);
+    if (!report.trueFormat.isEmpty()) object.insert("trueFormat", report.trueFormat);
+    if (report.reason == RepairReason::NoPictureData) object.insert("zeroShare", report.zeroShare);
     // Where it is switched off, nothing of it is said.
     if (report.salvage.ran || !report.salvage.passedOver.isEmpty()) object.insert("salvage", toJson(report.salvage));
     return object;

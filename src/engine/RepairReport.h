@@ -24,7 +24,24 @@ enum class RepairReason {
     TilesUnknown,
     BoxesLost, ///< a sample may help
     DiskFull,
-    Stopped
+    Stopped,
+    Healthy,       ///< the source opens as it is, without a warning
+    NoPictureData, ///< zeros, random bytes or text
+    SampleUnfit,   ///< a sample was tried; what it gave is noise or doesn't decode
+};
+
+/// How much of a picture is there.
+enum class Completeness {
+    Unjudged, ///< nobody could tell
+    Whole,    ///< each MCU was decoded and the decoder had no complaint
+    Partial,  ///< a part is missing; `share` says how much is there
+    Doubtful, ///< it opens, but what it shows may not be the picture
+};
+
+struct Wholeness
+{
+    Completeness completeness = Completeness::Unjudged;
+    double share = 0; ///< of the picture's MCUs that were really decoded, 0 to 1; 1 where it is whole
 };
 
 struct OutputReport
@@ -34,16 +51,18 @@ struct OutputReport
     RepairWay way = RepairWay::Main;
     QSize size;  ///< width and height that the judge found; invalid where the written bytes were not the judged ones
     QImage icon; ///< the judge's, null where there is no size
+    Wholeness wholeness{};
 };
 
 /// What deep salvage did for a file; see engine/DeepRoad.h.
 struct SalvageReport
 {
-    bool ran = false;  ///< it was switched on and wanted for this file
-    QString name;      ///< of its output, empty if there is none
-    QString path;      ///< where that lies in the working folder
-    QSize size;        ///< width and height that the judge found
-    QImage icon;       ///< the judge's
+    bool ran = false; ///< it was switched on and wanted for this file
+    QString name;     ///< of its output, empty if there is none
+    QString path;     ///< where that lies in the working folder
+    QSize size;       ///< width and height that the judge found
+    QImage icon;      ///< the judge's
+    Wholeness wholeness{};
     QStringList steps; ///< what was mended, in words that stay the same in every language
     QString certainty; ///< "exact", "likely" or "guess"; empty if there is no output
     qint64 milliseconds = 0;
@@ -64,6 +83,9 @@ struct RepairReport
     QVector<OutputReport> outputs;
     SalvageReport salvage;
     RepairReason reason = RepairReason::None;
+    bool sourceHealthy = false; ///< the source opens as it is, without a warning, whatever came out beside it
+    QString trueFormat;         ///< what the bytes are where the suffix says otherwise, for instance "HEIC"; else ""
+    double zeroShare = 0;       ///< of the source's bytes, 0 to 1; told where there is no picture data
 };
 
 /// The word for a reason as the batch program prints it, "" for None.
@@ -71,4 +93,6 @@ QString reasonWord(RepairReason reason);
 /// One line for a person that says what the reason means and whether a sample may help; "" for None.
 QString reasonText(RepairReason reason);
 QString wayWord(RepairWay way);
+/// "whole", "partial" or "doubtful"; "" for Unjudged.
+QString completenessWord(Completeness completeness);
 QJsonObject toJson(const RepairReport &report);

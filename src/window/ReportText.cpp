@@ -52,6 +52,11 @@ QString reasonWords(RepairReason reason)
         return translated(QT_TRANSLATE_NOOP("ReportText", "The disk is full or can't be written."));
     case RepairReason::Stopped:
         return translated(QT_TRANSLATE_NOOP("ReportText", "Stopped before this file was done."));
+    case RepairReason::Healthy: return translated(QT_TRANSLATE_NOOP("ReportText", "It opens as it is."));
+    case RepairReason::NoPictureData:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The file holds no picture data."));
+    case RepairReason::SampleUnfit:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The sample doesn't fit this file."));
     }
     return {};
 }
