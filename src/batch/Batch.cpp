@@ -78,6 +78,7 @@ private:
     void progress(const QString &text);
     void flush();
     void print(const SourceResult &result);
+    void count(const OutputRow &row);
     void writeReadable(SourceResult &result);
 
     void firstPass(const QStringList &files);
@@ -137,17 +138,28 @@ void BatchRun::print(const SourceResult &result)
     progress({});
     m_printer->result(result);
     flush();
+    if (result.outcome.report.sourceHealthy && !result.samplePass) ++m_summary.healthy;
     for (const OutputRow &row : result.rows.rows) {
         m_names.append(row.name);
-        if (row.type == "Thumbnail")
-            ++m_summary.thumbnails;
-        else if (row.type == "Salvaged")
-            ++m_summary.salvaged;
-        else if (row.type == "Extracted" || row.type.isEmpty()) // a raw file's third picture may be called nothing
-            ++m_summary.extracted;
-        else
-            ++m_summary.repaired;
+        count(row);
     }
+}
+
+void BatchRun::count(const OutputRow &row)
+{
+    if (row.type == "Thumbnail")
+        ++m_summary.thumbnails;
+    else if (row.type == "Salvaged")
+        ++m_summary.salvaged;
+    else if (row.type == "Extracted" || row.type.isEmpty()) // a raw file's third picture may be called nothing
+        ++m_summary.extracted;
+    else
+        ++m_summary.repaired;
+    if (row.thumbnail) return;
+    const Completeness there = row.wholeness.completeness;
+    if (there == Completeness::Whole) ++m_summary.whole;
+    if (there == Completeness::Partial) ++m_summary.inPart;
+    if (there == Completeness::Doubtful) ++m_summary.doubtful;
 }
 
 /// A result that no reading copy can be made of is named; it was no picture, and the rest goes on.
@@ -237,7 +249,9 @@ void BatchRun::summarise(const SourceList &sources)
     m_summary.sources = sources.files.size();
     m_summary.passedOver = sources.passedOver;
     for (const SourceResult &result : m_results) {
-        if (!result.gaveSomething()) m_summary.failed.append({result.outcome.source, result.outcome.report.reason});
+        if (!result.gaveSomething())
+            m_summary.failed.append(
+                {result.outcome.source, result.outcome.report.reason, result.outcome.report.trueFormat});
     }
     m_printer->end(m_summary);
     flush();

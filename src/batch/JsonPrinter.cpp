@@ -20,7 +20,9 @@ public:
     {
         QJsonArray rows;
         for (const OutputRow &row : result.rows.rows) {
-            rows.append(QJsonObject{{"name", row.name}, {"type", row.type}, {"resolution", row.resolution}});
+            QJsonObject object{{"name", row.name}, {"type", row.type}, {"resolution", row.resolution}};
+            insertWholeness(object, row.wholeness);
+            rows.append(object);
         }
         QJsonObject object{
             {"source", result.outcome.source},

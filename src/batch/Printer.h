@@ -30,6 +30,7 @@ struct FailedSource
 {
     QString source;
     RepairReason reason = RepairReason::None;
+    QString trueFormat; ///< see RepairReport
 };
 
 struct RunSummary
@@ -40,6 +41,10 @@ struct RunSummary
     int extracted = 0;
     int thumbnails = 0;
     int salvaged = 0;
+    int whole = 0; ///< rows of each completeness, thumbnails left out
+    int inPart = 0;
+    int doubtful = 0;
+    int healthy = 0; ///< sources that open as they are
     QVector<FailedSource> failed;
 };
 

@@ -9,16 +9,33 @@ constexpr int kWidestName = 60;
 constexpr int kTypeWidth = 11;
 constexpr int kResolutionWidth = 12;
 
-QString reasonLine(RepairReason reason)
+QString reasonLine(RepairReason reason, const QString &trueFormat)
 {
+    if (reason == RepairReason::OtherFormat && !trueFormat.isEmpty())
+        return QStringLiteral("Its bytes are of another format than its name says: %1.").arg(trueFormat);
     const QString text = reasonText(reason);
     return text.isEmpty() ? QStringLiteral("Nothing usable was found.") : text;
+}
+
+QString reasonLine(const RepairReport &report)
+{
+    const QString line = reasonLine(report.reason, report.trueFormat);
+    if (report.reason != RepairReason::NoPictureData || report.zeroShare <= 0) return line;
+    return line + QStringLiteral(" %1 % of it are zeros.").arg(int(report.zeroShare * 100));
 }
 
 /// How a salvaged picture came about, and how sure it is.
 QString salvagedText(const RepairReport &report)
 {
     return report.salvage.steps.join(QStringLiteral(", ")) + " (" + report.salvage.certainty + ')';
+}
+
+/// How much of the picture is there, and of a salvaged one how it came about.
+QString rowText(const OutputRow &row, const RepairReport &report)
+{
+    const QString whole = wholenessText(row.wholeness);
+    if (row.type != "Salvaged") return whole;
+    return whole.isEmpty() ? salvagedText(report) : whole + "; " + salvagedText(report);
 }
 
 class TablePrinter : public Printer
@@ -44,11 +61,14 @@ public:
         const RepairReport &report = result.outcome.report;
         QString mended = mendedText(report);
         if (!result.gaveSomething()) {
-            mended = mended.isEmpty() ? reasonLine(report.reason) : reasonLine(report.reason) + " (" + mended + ')';
+            mended = mended.isEmpty() ? reasonLine(report) : reasonLine(report) + " (" + mended + ')';
+        } else if (report.sourceHealthy || report.reason == RepairReason::SampleUnfit) {
+            const auto first = report.sourceHealthy ? RepairReason::Healthy : report.reason;
+            mended = mended.isEmpty() ? reasonText(first) : reasonText(first) + ' ' + mended;
         }
         line(result.outcome.source, stateWord(result), {}, mended);
         for (const OutputRow &row : result.rows.rows)
-            line("  " + row.name, row.type, row.resolution, row.type == "Salvaged" ? salvagedText(report) : QString());
+            line("  " + row.name, row.type, row.resolution, rowText(row, report));
         for (const QString &name : result.readable) line("  " + name, "Readable", {}, {});
     }
 
@@ -72,10 +92,12 @@ public:
               << " extracted, " << summary.thumbnails << " thumbnails";
         if (summary.salvaged > 0) m_out << "; beside them " << summary.salvaged << " salvaged";
         m_out << ".\n";
+        m_out << "Of the pictures " << summary.whole << " are whole, " << summary.inPart << " there in part, "
+              << summary.doubtful << " doubtful; " << summary.healthy << " sources open as they are.\n";
         if (failed == 0) return;
         m_out << "Nothing came of:\n";
         for (const FailedSource &each : summary.failed) {
-            m_out << "  " << printable(each.source) << ": " << reasonLine(each.reason) << '\n';
+            m_out << "  " << printable(each.source) << ": " << reasonLine(each.reason, each.trueFormat) << '\n';
         }
     }
 

@@ -2,9 +2,10 @@
 
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
-#include "engine/FileWindow.h"
 #include "engine/Judge.h"
 #include "engine/OutputRows.h"
+#include "engine/WholeFile.h"
+#include "engine/Wholeness.h"
 #include "salvage/Salvage.h"
 #include "salvage/Transfer.h"
 #include "save/ScratchFile.h"
@@ -18,10 +19,12 @@
 
 namespace {
 
-bool isJpegName(const QString &path)
+/// By its name, or by its bytes under another format's name.
+bool isJpeg(const FileOutcome &outcome)
 {
-    const QString suffix = QFileInfo(path).suffix().toUpper();
-    return suffix == QLatin1String("JPG") || suffix == QLatin1String("JPEG");
+    const QString suffix = QFileInfo(outcome.source).suffix().toUpper();
+    if (suffix == QLatin1String("JPG") || suffix == QLatin1String("JPEG")) return true;
+    return outcome.report.trueFormat == QLatin1String("JPEG");
 }
 
 /// The main image among the outputs, nullptr if there is none.
@@ -32,15 +35,6 @@ const OutputReport *mainOutput(const FileOutcome &outcome)
         return !isThumbnailName(output.name) && QFileInfo::exists(output.path);
     });
     return found == outputs.end() ? nullptr : &*found;
-}
-
-QByteArray readWhole(const QString &path)
-{
-    FileWindow file(path);
-    if (!file.isOpen() || file.size() > quint64(DeepRoad::kFileLimit)) return {};
-    QByteArray bytes(int(file.size()), Qt::Uninitialized);
-    file.read(0, bytes.data(), quint64(bytes.size()));
-    return bytes;
 }
 
 salvage::KnownTables tablesOf(const TableLibrary &library)
@@ -111,7 +105,7 @@ bool leavesToBeDone(const OutputReport *output, const QByteArray &told, const QB
 
 bool isFlawless(const Verdict &verdict)
 {
-    return verdict.decodes && verdict.warning.isEmpty();
+    return verdict.decodes && verdict.warnings.isEmpty();
 }
 
 bool writeWhole(const QString &path, const QByteArray &bytes)
@@ -142,14 +136,14 @@ QString DeepRoad::freeName(const QString &source) const
 void DeepRoad::run(FileOutcome &outcome, const std::function<void()> &began)
 {
     SalvageReport &report = outcome.report.salvage;
-    if (!isJpegName(outcome.source) || stopRequested()) return;
+    if (!isJpeg(outcome) || stopRequested()) return;
     QElapsedTimer clock;
     clock.start();
     if (QFileInfo(outcome.source).size() > kFileLimit) {
         report.passedOver = QStringLiteral("too-large");
         return;
     }
-    QByteArray source = readWhole(outcome.source);
+    QByteArray source = readWhole(outcome.source, kFileLimit);
     if (source.isEmpty()) return;
     const bool undone = salvage::undoTextTransfer(source);
 
@@ -162,7 +156,7 @@ void DeepRoad::run(FileOutcome &outcome, const std::function<void()> &began)
     // found something to blame.
     const bool byMainWay = output && output->way != RepairWay::SecondWay;
     if (reading.clean() && (byMainWay || (reading.ended && isFlawless(judgeJpeg(outcome.source))))) return;
-    const QByteArray told = output ? readWhole(output->path) : QByteArray();
+    const QByteArray told = output ? readWhole(output->path, kFileLimit) : QByteArray();
     // Other tables in the place of damaged ones make a file that reads well, whether they are the right ones or not.
     if (!undone && !reading.roughTables && !leavesToBeDone(output, told, source, budget)) return;
 
@@ -193,6 +187,7 @@ void DeepRoad::keep(FileOutcome &outcome, const salvage::Result &found) const
     report.path = path;
     report.size = verdict.size;
     report.icon = verdict.icon;
+    report.wholeness = wholenessOf(path, verdict);
     for (const salvage::Step step : found.steps) report.steps.append(QString::fromLatin1(wordOf(step)));
     report.certainty = QString::fromLatin1(wordOf(found.certainty));
 }

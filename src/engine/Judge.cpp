@@ -15,7 +15,7 @@ namespace {
 
 // Messages of the toolkit arrive on the thread that causes them, but their handler is one for the whole program. So one
 // dispatcher stands for good, and a capture claims the messages of its own thread alone.
-thread_local QString *tCapture = nullptr;
+thread_local QStringList *tCapture = nullptr;
 std::atomic<QtMessageHandler> previousHandler{nullptr};
 
 std::atomic<quint64> lowerLimit{0};
@@ -23,7 +23,8 @@ std::atomic<quint64> lowerLimit{0};
 void dispatchMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (tCapture && type != QtFatalMsg) {
-        if (tCapture->isEmpty()) *tCapture = message.simplified();
+        constexpr int kMostMessages = 100;
+        if (tCapture->size() < kMostMessages) tCapture->append(message.simplified());
         return;
     }
     if (const QtMessageHandler previous = previousHandler) previous(type, context, message);
@@ -32,11 +33,11 @@ void dispatchMessage(QtMsgType type, const QMessageLogContext &context, const QS
 class MessageCapture
 {
 public:
-    explicit MessageCapture(QString &first)
+    explicit MessageCapture(QStringList &messages)
     {
         static std::once_flag once;
         std::call_once(once, [] { previousHandler = qInstallMessageHandler(dispatchMessage); });
-        tCapture = &first;
+        tCapture = &messages;
     }
     ~MessageCapture() { tCapture = nullptr; }
     MessageCapture(const MessageCapture &) = delete;
@@ -69,11 +70,11 @@ int bufferedComponents(const QString &path)
 }
 
 /// Bytes that decoding takes: the picture itself and the coefficients that the decoder holds beside it.
-quint64 memoryNeeded(const QString &path, const QSize &size, QImage::Format format)
+quint64 memoryNeeded(int buffered, const QSize &size, QImage::Format format)
 {
     const quint64 pixels = quint64(size.width()) * quint64(size.height());
     const quint64 pixelBytes = format == QImage::Format_Grayscale8 ? 1 : 4;
-    return pixels * (pixelBytes + 2 * quint64(bufferedComponents(path)));
+    return pixels * (pixelBytes + 2 * quint64(buffered));
 }
 
 quint64 freeMemory()
@@ -89,16 +90,19 @@ quint64 freeMemory()
     return ~quint64(0);
 }
 
-/// False, with a reason, for what isn't a JPEG at all or claims more pixels than there is memory for.
-bool fitsMemory(const QString &path, QString &warning)
+/// False, with a reason, for what isn't a JPEG at all or claims more pixels than there is memory for. `several` gets
+/// whether the picture comes in more than one scan.
+bool fitsMemory(const QString &path, QStringList &warnings, bool &several)
 {
     QImageReader header(path, "jpg");
     const QSize claimed = header.size();
     if (!claimed.isValid()) return false;
-    if (memoryNeeded(path, claimed, header.imageFormat()) <= pictureMemoryLimit()) return true;
-    warning = QStringLiteral("the header claims %1 x %2 pixels, more than there is memory for")
-                  .arg(claimed.width())
-                  .arg(claimed.height());
+    const int buffered = bufferedComponents(path);
+    several = buffered > 0;
+    if (memoryNeeded(buffered, claimed, header.imageFormat()) <= pictureMemoryLimit()) return true;
+    warnings << QStringLiteral("the header claims %1 x %2 pixels, more than there is memory for")
+                    .arg(claimed.width())
+                    .arg(claimed.height());
     return false;
 }
 
@@ -118,9 +122,9 @@ void setPictureMemoryLimit(quint64 bytes)
 
 Verdict judgeJpeg(const QString &path)
 {
-    Verdict verdict{false, QSize(0, 0), {}, {}};
-    const MessageCapture capture(verdict.warning);
-    if (!fitsMemory(path, verdict.warning)) return verdict;
+    Verdict verdict;
+    const MessageCapture capture(verdict.warnings);
+    if (!fitsMemory(path, verdict.warnings, verdict.severalScans)) return verdict;
     QImage image;
     verdict.decodes = image.load(path, "JPG");
     if (!verdict.decodes) return verdict;
@@ -132,9 +136,10 @@ Verdict judgeJpeg(const QString &path)
 QImage loadForView(const QString &path, const QSize &box, QSize &fullSize)
 {
     fullSize = QSize(0, 0);
-    QString warning;
-    const MessageCapture capture(warning);
-    if (!fitsMemory(path, warning)) return {};
+    QStringList warnings;
+    bool several = false;
+    const MessageCapture capture(warnings);
+    if (!fitsMemory(path, warnings, several)) return {};
     QImageReader reader(path, "jpg");
     const QSize size = reader.size();
     const bool small = size.width() < box.width() && size.height() < box.height();

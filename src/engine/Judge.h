@@ -3,14 +3,16 @@
 
 #include <QImage>
 #include <QSize>
-#include <QString>
+#include <QStringList>
 
 struct Verdict
 {
     bool decodes = false;
-    QSize size;      ///< width and height of the decoded image; 0 x 0 if it doesn't decode
-    QString warning; ///< the decoder's first words, empty if it had none
-    QImage icon;     ///< the picture at most 32 x 32 pixels large; null if it doesn't decode
+    QSize size{0, 0};     ///< width and height of the decoded image; 0 x 0 if it doesn't decode
+    QStringList warnings; ///< the decoder's words, at most a hundred; it tells only the first fault of a picture's data
+    QImage icon;          ///< the picture at most 32 x 32 pixels large; null if it doesn't decode
+    bool severalScans = false; ///< the picture comes in more than one scan
+    QString warning() const { return warnings.value(0); }
 };
 
 /// Decodes the JPEG at `path` with QImage::load, format "JPG". A picture whose header claims more than half of the free

@@ -2,6 +2,8 @@
 
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
+#include "engine/SourceJudge.h"
+#include "engine/Wholeness.h"
 #include "engine/heic/HeicRoad.h"
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
@@ -57,7 +59,9 @@ RepairReason reasonFor(const QString &path)
     const RepairReport &report = pApp->report;
     if (stopRequested()) return RepairReason::Stopped;
     if (!pApp->lstResultNames.isEmpty())
-        return report.reason == RepairReason::DiskFull ? report.reason : RepairReason::None;
+        return report.reason == RepairReason::DiskFull || report.reason == RepairReason::SampleUnfit
+            ? report.reason
+            : RepairReason::None;
     if (report.reason != RepairReason::None) return report.reason;
     // What vanishes while it is in use must not be taken for a picture that doesn't decode.
     if (!QFileInfo::exists(path)) return RepairReason::Unreadable;
@@ -68,9 +72,23 @@ RepairReason reasonFor(const QString &path)
     return report.decoderRefused ? RepairReason::DecoderRefused : RepairReason::HeaderLost;
 }
 
+/// Copies that were cut to another length than the file that the judge has seen.
+void judgeTheRest()
+{
+    for (OutputReport &output : pApp->report.outputs) {
+        if (output.size.isValid() || isHeicName(output.name) || stopRequested()) continue;
+        const Verdict verdict = judgeJpeg(output.path);
+        output.size = verdict.size;
+        output.icon = verdict.icon;
+        output.wholeness = wholenessOf(output.path, verdict);
+    }
+}
+
 void conclude(FileOutcome &outcome)
 {
+    judgeTheRest();
     pApp->report.reason = reasonFor(outcome.source);
+    judgeSource(outcome.source, pApp->lstResultNames.isEmpty(), pApp->report);
     outcome.results = pApp->lstResultNames;
     outcome.report = pApp->report;
     if (stopRequested()) outcome.statusCode = QLatin1String(status::Stopped);
@@ -170,5 +188,8 @@ FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &pa
         repairHeicWithSample(engine, samplePath, path);
     }
     conclude(outcome);
+    RepairReason &reason = outcome.report.reason;
+    if (reason == RepairReason::HeaderLost || reason == RepairReason::DecoderRefused)
+        reason = RepairReason::SampleUnfit;
     return outcome;
 }

@@ -1,7 +1,7 @@
 #include "engine/OutputRows.h"
 
 #include "app/StopFlag.h"
-#include "engine/Judge.h"
+#include "engine/Wholeness.h"
 #include "engine/heic/HeicRoad.h"
 
 #include <QFileInfo>
@@ -58,6 +58,7 @@ OutputRow plainRow(const FileOutcome &outcome, const QString &name, int &width)
         const Verdict verdict = judgeJpeg(row.path);
         size = verdict.size;
         row.icon = verdict.icon;
+        row.wholeness = wholenessOf(row.path, verdict);
     }
     row.resolution = QStringLiteral("%1x%2").arg(size.height()).arg(size.width());
     width = size.width();

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -38,13 +39,6 @@ const ReasonWords &wordsOf(RepairReason reason)
         if (words.reason == reason) return words;
     }
     return kReasons[0];
-}
-
-void insertWholeness(QJsonObject &object, const Wholeness &wholeness)
-{
-    if (wholeness.completeness == Completeness::Unjudged) return;
-    object.insert("completeness", completenessWord(wholeness.completeness));
-    object.insert("share", wholeness.share);
 }
 
 QJsonObject toJson(const OutputReport &output)
@@ -90,6 +84,26 @@ QString wayWord(RepairWay way)
     case RepairWay::Pointers: return QStringLiteral("pointers");
     case RepairWay::Carve: return QStringLiteral("carve");
     case RepairWay::Rewrite: return QStringLiteral("rewrite");
+    }
+    return {};
+}
+
+void insertWholeness(QJsonObject &object, const Wholeness &wholeness)
+{
+    if (wholeness.completeness == Completeness::Unjudged) return;
+    object.insert("completeness", completenessWord(wholeness.completeness));
+    object.insert("share", wholeness.share);
+}
+
+QString wholenessText(const Wholeness &wholeness)
+{
+    // Neither nothing nor all of it, where there is something, but not all.
+    const int percent = std::clamp(int(wholeness.share * 100), 1, 99);
+    switch (wholeness.completeness) {
+    case Completeness::Unjudged: break;
+    case Completeness::Whole: return QStringLiteral("whole");
+    case Completeness::Partial: return QStringLiteral("in part, about %1 %").arg(percent);
+    case Completeness::Doubtful: return QStringLiteral("doubtful");
     }
     return {};
 }

@@ -71,7 +71,7 @@ struct SalvageReport
 
 struct RepairReport
 {
-    int dqtReplaced = 0;
+    int dqtReplaced = 0; ///< tables of the main image that came out with other bytes
     int dhtReplaced = 0;
     qint64 codesNeutralised = 0; ///< bytes of the entropy data overwritten with 00
     qint64 bytesSteppedOver = 0; ///< positions that the walk of the user's file passed as no usable segment
@@ -95,4 +95,8 @@ QString reasonText(RepairReason reason);
 QString wayWord(RepairWay way);
 /// "whole", "partial" or "doubtful"; "" for Unjudged.
 QString completenessWord(Completeness completeness);
+/// Adds `completeness` and `share` to an output's object; nothing for Unjudged.
+void insertWholeness(QJsonObject &object, const Wholeness &wholeness);
+/// "whole", "in part, about 45 %" or "doubtful"; "" for Unjudged.
+QString wholenessText(const Wholeness &wholeness);
 QJsonObject toJson(const RepairReport &report);

@@ -1,9 +1,9 @@
 // jpg_repair: the two ways for a JPEG whose header is lost, without help and with a healthy sample.
 
 #include "app/StopFlag.h"
-#include "engine/Judge.h"
 #include "engine/Markers.h"
 #include "engine/OneFile.h"
+#include "engine/Wholeness.h"
 #include "engine/jpg_repair.h"
 #include "save/ScratchFile.h"
 
@@ -44,13 +44,15 @@ bool judgeBuilt(FILE *built, RepairWay way, const QString &name)
         return false;
     }
     const Verdict verdict = judgeJpeg(pApp->strBuiltPath);
-    if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning;
+    if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     if (!verdict.decodes) {
         pApp->report.decoderRefused = true;
         return false;
     }
     pApp->lstResultNames.append(name);
-    pApp->report.outputs.append({name, pApp->strBuiltPath, way, verdict.size, verdict.icon});
+    const Wholeness wholeness = wholenessOf(pApp->strBuiltPath, verdict);
+    if (way == RepairWay::Sample && looksUnfit(wholeness)) pApp->report.reason = RepairReason::SampleUnfit;
+    pApp->report.outputs.append({name, pApp->strBuiltPath, way, verdict.size, verdict.icon, wholeness});
     return true;
 }
 

@@ -88,7 +88,8 @@ private:
         }
         if (node.wLength != 67 || m_replacedDqt <= 2) {
             put(table, bytes % kBlock);
-            if (table != before) ++pApp->report.dqtReplaced;
+            if (table != before && pApp->nSavePhase != 1)
+                ++pApp->report.dqtReplaced; // of a nested image it is no repair
         }
         pApp->bQuantNotFound = true;
         ++m_replacedDqt;
@@ -108,7 +109,8 @@ private:
         Item table = {};
         std::memcpy(table.data(), pApp->aHuffmanResult, size_t(pApp->nHuffmanResultLength));
         put(table, rest); // the source's size: a longer table is cut, a shorter one ends in zeros
-        if (std::memcmp(table.data(), before.data(), size_t(rest)) != 0) ++pApp->report.dhtReplaced;
+        const bool same = std::memcmp(table.data(), before.data(), size_t(rest)) == 0;
+        if (!same && pApp->nSavePhase != 1) ++pApp->report.dhtReplaced;
     }
 
     /// All tables in one segment: where the second to fourth begin, by the counts of those in front of them.

@@ -1,7 +1,7 @@
 // SaveFile: the road of one image from the chain to the working folder, and the writer of an ordinary JPEG.
 
 #include "app/WorkingRoot.h"
-#include "engine/Judge.h"
+#include "engine/Wholeness.h"
 #include "save/SaveFile.h"
 #include "save/ScratchFile.h"
 #include "save/SkipFlags.h"
@@ -109,7 +109,7 @@ bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE 
         if (!closeFile(scratch)) QFile::remove(output.scratch);
     }
     const Verdict verdict = judgeJpeg(output.scratch);
-    if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning;
+    if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     if (!verdict.decodes) {
         pApp->report.decoderRefused = true;
         if (!skipping())
@@ -130,8 +130,9 @@ bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE 
     if (!record(output.path, output.name)) return true;
     // The judge has seen these very bytes, unless the copy was cut to another length.
     const bool judged = output.wholeCopy || qint64(pApp->nTempCopySize) >= QFileInfo(output.scratch).size();
-    pApp->report.outputs.append(
-        {output.name, output.path, output.way, judged ? verdict.size : QSize(), judged ? verdict.icon : QImage()});
+    pApp->report.outputs.append({output.name, output.path, output.way, judged ? verdict.size : QSize(),
+                                 judged ? verdict.icon : QImage(),
+                                 judged ? wholenessOf(output.scratch, verdict) : Wholeness()});
     return true;
 }
 

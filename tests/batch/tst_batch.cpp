@@ -134,7 +134,11 @@ void TestBatch::jsonContract()
     const QJsonObject junk = call.objects().at(3);
     QCOMPARE(junk["results"].toArray(), QJsonArray{"c.JPEG"});
     QCOMPARE(junk["rows"].toArray(),
-             (QJsonArray{QJsonObject{{"name", "c.JPEG"}, {"type", "Repaired"}, {"resolution", "32x48"}}}));
+             (QJsonArray{QJsonObject{{"name", "c.JPEG"},
+                                     {"type", "Repaired"},
+                                     {"resolution", "32x48"},
+                                     {"completeness", "whole"},
+                                     {"share", 1}}}));
     const QJsonObject report = junk["report"].toObject();
     QVERIFY(report["bytesSteppedOver"].toInt() >= 100);
     const QJsonObject output = report["outputs"].toArray().first().toObject();
@@ -161,13 +165,15 @@ void TestBatch::tableForPeople()
                            [&words](const QString &line) { return line.simplified() == words.join(' '); });
     };
     QVERIFY(has({"File", "Type", "Resolution", "What was done"}));
-    QVERIFY2(has({"c.jpg", "Repaired", "32x48"}), qPrintable(call.out));
-    QVERIFY2(has({"c_[T1].jpg", "Thumbnail", "16x16"}), qPrintable(call.out));
+    QVERIFY2(has({"c.jpg", "Repaired", "32x48", "whole"}), qPrintable(call.out));
+    QVERIFY2(has({"c_[T1].jpg", "Thumbnail", "16x16", "whole"}), qPrintable(call.out));
     QVERIFY2(!lines.filter(QRegularExpression("in/d.jpg +repaired +[1-9][0-9]* bytes stepped over$")).isEmpty(),
              qPrintable(call.out));
-    QCOMPARE(lines.mid(lines.size() - 4),
+    QCOMPARE(lines.mid(lines.size() - 5),
              QStringList({"Sources: 5, 4 gave something, 1 gave nothing, 0 passed over.",
-                          "Results: 5, 4 repaired, 0 extracted, 1 thumbnails.", "Nothing came of:",
+                          "Results: 5, 4 repaired, 0 extracted, 1 thumbnails.",
+                          "Of the pictures 4 are whole, 0 there in part, 0 doubtful; 3 sources open as they are.",
+                          "Nothing came of:",
                           "  " + path("headless\\u001b[2J.jpg")
                               + ": The header is lost; a healthy sample from the same camera may help."}));
 }

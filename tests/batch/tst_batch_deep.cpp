@@ -85,7 +85,7 @@ private slots:
     void savedBesideTheOthers();
     void takenNamesAreLeftToTheirOwners();
     void sourcesStayAsTheyAre();
-    void otherSuffixesArePassedOver();
+    void jpegsUnderOtherNamesAreTaken();
     void largeFilesArePassedOver();
     void toldOutputsStayTheSame_data();
     void toldOutputsStayTheSame();
@@ -105,7 +105,11 @@ void TestBatchDeep::jsonNamesTheSalvagedPicture()
     QCOMPARE(object["salvaged"].toString(), QString("a_salvaged.jpg"));
     const QJsonArray rows = object["rows"].toArray();
     QCOMPARE(rows.last().toObject(),
-             (QJsonObject{{"name", "a_salvaged.jpg"}, {"type", "Salvaged"}, {"resolution", "240x320"}}));
+             (QJsonObject{{"name", "a_salvaged.jpg"},
+                          {"type", "Salvaged"},
+                          {"resolution", "240x320"},
+                          {"completeness", "whole"},
+                          {"share", 1}}));
     const QJsonObject salvage = salvageOf(object);
     QCOMPARE(salvage["steps"].toArray(), QJsonArray{"counts mended"});
     QCOMPARE(salvage["certainty"].toString(), QString("exact"));
@@ -217,15 +221,15 @@ void TestBatchDeep::sourcesStayAsTheyAre()
     QCOMPARE(QDir(path("bad")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList{"a.jpg"});
 }
 
-void TestBatchDeep::otherSuffixesArePassedOver()
+void TestBatchDeep::jpegsUnderOtherNamesAreTaken()
 {
     write(path("raw/a.nef"), lostJpeg(1));
     write(path("raw/b.heic"), lostJpeg(1));
     const BatchCall call({"--json", "--deep", path("raw")});
     QCOMPARE(call.objects().size(), 2);
     for (const QJsonObject &object : call.objects()) {
-        QVERIFY(!object.contains("salvaged"));
-        QVERIFY(!object["report"].toObject().contains("salvage"));
+        QCOMPARE(object["report"].toObject()["trueFormat"].toString(), QString("JPEG"));
+        QVERIFY(object["salvaged"].toString().endsWith("_salvaged.jpg"));
     }
 }
 

@@ -56,7 +56,7 @@ void TestBatchHeic::wholeRun()
     const QVector<QJsonObject> objects = call.objects();
     const QStringList results[] = {{"1.heic"}, {}, {}, {"2.heic"}, {"3.HEIC"}};
     const QStringList readable[] = {{"1_readable.heic"}, {}, {}, {"2_readable.heic"}, {}};
-    const QStringList reasons = {"", "boxes-lost", "tiles-unknown", "", ""};
+    const QStringList reasons = {"", "boxes-lost", "tiles-unknown", "", "sample-unfit"};
     for (int i = 0; i < objects.size(); ++i) {
         QCOMPARE(texts(objects[i], "results"), results[i]);
         QCOMPARE(texts(objects[i], "readable"), readable[i]);
@@ -66,7 +66,12 @@ void TestBatchHeic::wholeRun()
         const QJsonArray rows = objects[i]["rows"].toArray();
         QCOMPARE(rows.size(), results[i].size());
         for (const QJsonValue &row : rows)
-            QCOMPARE(row.toObject(), QJsonObject({{"name", results[i][0]}, {"type", "Repaired"}, {"resolution", ""}}));
+            QCOMPARE(row.toObject(),
+                     QJsonObject({{"name", results[i][0]},
+                                  {"type", "Repaired"},
+                                  {"resolution", ""},
+                                  {"completeness", i == 4 ? "doubtful" : "whole"},
+                                  {"share", 1}}));
     }
     QCOMPARE(call.errLines().size(), 1); // of 47 tiles no reading copy is made
     QVERIFY(call.err.contains("'3.HEIC' has no reading copy"));

@@ -162,7 +162,11 @@ void TestBatchResults::samplePass()
     QCOMPARE(call.each("pass"), QStringList({"", "", "", "sample", "sample"}));
     const QJsonObject helped = call.objects().at(3);
     QCOMPARE(helped["rows"].toArray(),
-             (QJsonArray{QJsonObject{{"name", "a.jpg"}, {"type", "Repaired"}, {"resolution", "64x96"}}}));
+             (QJsonArray{QJsonObject{{"name", "a.jpg"},
+                                     {"type", "Repaired"},
+                                     {"resolution", "64x96"},
+                                     {"completeness", "whole"},
+                                     {"share", 1}}}));
     QCOMPARE(helped["report"].toObject()["outputs"].toArray().first().toObject()["way"].toString(), QString("sample"));
     // The sample's tables are the picture's own, so every pixel comes back.
     QCOMPARE(decoded(contents(path("out/RepairedFiles/a.jpg"))), decoded(cameraJpeg(1)));

@@ -116,7 +116,7 @@ void TestJudge::verdict()
     const Verdict verdict = judged(bytes);
     QCOMPARE(verdict.decodes, decodes);
     QCOMPARE(verdict.size, decodes ? QSize(48, 32) : QSize(0, 0));
-    QCOMPARE(!verdict.warning.isEmpty(), warns);
+    QCOMPARE(!verdict.warnings.isEmpty(), warns);
     QVERIFY2(m_heard.isEmpty(), qPrintable(m_heard.join(", ")));
 }
 
@@ -147,7 +147,7 @@ void TestJudge::hugeClaims()
     ::getrusage(RUSAGE_SELF, &after);
     QVERIFY(!verdict.decodes);
     QCOMPARE(verdict.size, QSize(0, 0));
-    QVERIFY2(verdict.warning.contains(claim), qPrintable(verdict.warning));
+    QVERIFY2(verdict.warning().contains(claim), qPrintable(verdict.warning()));
     QVERIFY2(after.ru_maxrss - before.ru_maxrss < 64 * 1024, "the picture was loaded");
 }
 

@@ -62,9 +62,9 @@ void TestBadInput::badInput_data()
     const QByteArray soi = word(SOI);
     QTest::newRow("empty file") << "a.jpg" << file({}) << "empty"
                                 << "2";
-    QTest::newRow("one byte") << "a.jpg" << file(bytes({0xFF})) << "header-lost"
+    QTest::newRow("one byte") << "a.jpg" << file(bytes({0xFF})) << "no-picture-data"
                               << "2";
-    QTest::newRow("two bytes") << "a.jpg" << file(soi) << "header-lost"
+    QTest::newRow("two bytes") << "a.jpg" << file(soi) << "no-picture-data"
                                << "2";
     QTest::newRow("nothing there") << "a.jpg" << Make([](const QString &) {}) << "unreadable"
                                    << "";

@@ -159,6 +159,7 @@ void jpg_repair::WriteFileData(const QString &name)
             copyBytes(*source, nHeicDataStart, length, pApp->pHeicOutput);
     }
     const bool readable = pApp->pHeicSource != nullptr;
+    const double share = readable && !stopRequested() ? shareOfSoundTiles(*pApp->pHeicSource) : 0;
     const bool whole = closeFile(pApp->pHeicOutput);
     pApp->pHeicOutput = nullptr;
     closeHeicFiles();
@@ -169,5 +170,10 @@ void jpg_repair::WriteFileData(const QString &name)
         return;
     }
     pApp->lstResultNames.append(name);
-    pApp->report.outputs.append({name, path, m_heicWay, {}, {}});
+    // Nothing opens tiles that no index describes.
+    const auto completeness = pApp->report.tilesAlone ? Completeness::Doubtful
+        : share < 1                                   ? Completeness::Partial
+                                                      : Completeness::Whole;
+    pApp->report.outputs.append({name, path, m_heicWay, {}, {}, {completeness, share}});
+    if (pApp->report.tilesAlone && m_heicWay == RepairWay::Sample) pApp->report.reason = RepairReason::SampleUnfit;
 }

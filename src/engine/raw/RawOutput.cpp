@@ -2,8 +2,8 @@
 
 #include "app/StopFlag.h"
 #include "engine/FileWindow.h"
-#include "engine/Judge.h"
 #include "engine/OneFile.h"
+#include "engine/Wholeness.h"
 #include "save/ScratchFile.h"
 
 #include <QDir>
@@ -54,13 +54,14 @@ bool writeRawImage(FileWindow &file, quint64 start, quint32 length, const QStrin
         QFile::remove(path); // half a picture would pass for a whole one
         return false;
     }
-    OutputReport output{name, path, way, QSize(), QImage()};
+    OutputReport output{name, path, way, QSize(), QImage(), {}};
     if (!stopRequested()) {
         const Verdict verdict = judgeJpeg(path);
         output.size = verdict.size;
         output.icon = verdict.icon;
+        output.wholeness = wholenessOf(path, verdict);
         if (!verdict.decodes) pApp->report.decoderRefused = true;
-        if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning;
+        if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     }
     pApp->report.outputs.append(output);
     return true;

@@ -181,11 +181,15 @@ ScansReading readScans(const Header &header, ByteView data, Budget &budget)
     return reading;
 }
 
-std::optional<Header> readHeader(ByteView file, size_t &dataAt)
+std::optional<Header> readHeader(ByteView file, size_t &dataAt, bool overJunk)
 {
     Header header;
     if (file.size() < 4 || file[0] != 0xFF || file[1] != 0xD8) return std::nullopt;
     for (size_t at = 2; at + 3 < file.size();) {
+        if (file[at] != 0xFF && overJunk) {
+            at = nextMarker(file, at);
+            continue;
+        }
         if (file[at] != 0xFF) return std::nullopt;
         const quint8 marker = file[at + 1];
         if (marker == 0xFF) {

@@ -41,8 +41,8 @@ std::vector<ScanPart> splitScans(const Header &header, ByteView data, bool *ende
 ScansReading readScans(const Header &header, ByteView data, Budget &budget);
 
 /// The header of a file as it stands, strictly by its markers and lengths; `dataAt` gets the offset of its entropy data.
-/// Nothing where a part is missing or can't be.
-std::optional<Header> readHeader(ByteView file, size_t &dataAt);
+/// Nothing where a part is missing or can't be. With `overJunk` bytes between two segments are passed, as decoders do.
+std::optional<Header> readHeader(ByteView file, size_t &dataAt, bool overJunk = false);
 
 /// Offset of the next FF, from `from`, that begins a marker other than a restart marker, or the end of the data.
 size_t nextMarker(ByteView data, size_t from);

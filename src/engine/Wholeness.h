@@ -1,0 +1,19 @@
+// How much of a picture is there: from the decoder's words, and where it complained, from the entropy data.
+#pragma once
+
+#include "engine/Judge.h"
+#include "engine/RepairReport.h"
+
+/// For the JPEG at `path`, which gave `verdict`:
+/// - Whole: the decoder had no complaint and each component's scans are there, or it complained about something else than
+///   the picture and each MCU can be read.
+/// - Partial: MCUs are missing, as data ended early or restart intervals are lost. `share` are those that can be read in
+///   front of the first error of their interval.
+/// - Doubtful: nothing is missing, but codes were wrong, data were left over or details are absent, so parts may be
+///   displaced or false; `share` as above, 0 where it can't be counted.
+/// - Unjudged: it doesn't decode.
+/// Costs nothing where the decoder had no complaint and there is one scan, else about half a decode.
+Wholeness wholenessOf(const QString &path, const Verdict &verdict);
+
+/// True for a picture of a sample that is noise: hardly an MCU could be read by the sample's tables.
+bool looksUnfit(const Wholeness &wholeness);

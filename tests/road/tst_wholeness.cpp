@@ -1,0 +1,122 @@
+// How much of a picture is said to be there, against the pixels that are; and what is said of sources that give nothing.
+
+#include "Road.h"
+#include "support/Damage.h"
+#include "support/JpegMaker.h"
+#include "support/Pictures.h"
+
+#include <QTest>
+
+namespace {
+
+/// The share of the blocks of 8 x 8 pixels that are as in the healthy picture.
+double sharePresent(const QImage &healthy, const QImage &shown)
+{
+    int same = 0;
+    int all = 0;
+    for (int y = 0; y < healthy.height(); y += 8)
+        for (int x = 0; x < healthy.width(); x += 8, ++all)
+            if (largestDifference(healthy.copy(x, y, 8, 8), shown.copy(x, y, 8, 8)) == 0) ++same;
+    return double(same) / all;
+}
+
+QByteArray picture(bool progressive, int restartMcus)
+{
+    JpegOptions options;
+    options.progressive = progressive;
+    options.restartMcus = restartMcus;
+    options.sampling = 444;
+    return makeJpeg(drawPicture(320, 320), options);
+}
+
+} // namespace
+
+class TestWholeness : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void outputs_data();
+    void outputs();
+    void sources_data();
+    void sources();
+};
+
+void TestWholeness::outputs_data()
+{
+    QTest::addColumn<QByteArray>("healthy");
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("word");
+    const QByteArray plain = picture(false, 0);
+    const QByteArray intervals = picture(false, 40);
+    const QByteArray scans = picture(true, 0);
+    const int half = plain.size() / 2;
+    QTest::newRow("healthy") << plain << plain << "whole";
+    QTest::newRow("healthy, intervals") << intervals << intervals << "whole";
+    QTest::newRow("healthy, progressive") << scans << scans << "whole";
+    QTest::newRow("cut in half") << plain << plain.left(half) << "partial";
+    QTest::newRow("cut near the end") << plain << plain.left(plain.size() - 300) << "partial";
+    QTest::newRow("cut in half, intervals") << intervals << intervals.left(half) << "partial";
+    QTest::newRow("bytes lost in an interval")
+        << intervals << Damage(intervals).remove(inScan(half / 2), 64).bytes() << "";
+    QTest::newRow("cut in half, progressive") << scans << scans.left(scans.size() / 2) << "";
+}
+
+void TestWholeness::outputs()
+{
+    QFETCH(QByteArray, healthy);
+    QFETCH(QByteArray, file);
+    QFETCH(QString, word);
+    const Run run;
+    const FileOutcome outcome = run.repair("a.jpg", file);
+    QCOMPARE(outcome.report.outputs.size(), 1);
+    const Wholeness wholeness = outcome.report.outputs[0].wholeness;
+    const QString said = completenessWord(wholeness.completeness);
+    if (word.isEmpty())
+        QVERIFY2(said == "partial" || said == "doubtful",
+                 qPrintable(said)); // the picture isn't whole, but nobody can see how much
+    else
+        QCOMPARE(said, word);
+    if (word != "partial") return;
+    const double there = sharePresent(decoded(healthy), decoded(run.output("a.jpg")));
+    QVERIFY2(qAbs(wholeness.share - there) < 0.02, qPrintable(QString("%1, not %2").arg(wholeness.share).arg(there)));
+}
+
+void TestWholeness::sources_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("reason");
+    QTest::addColumn<bool>("healthy");
+    QTest::addColumn<QString>("format");
+    const QByteArray plain = picture(false, 0);
+    QByteArray noise(100'000, '\0');
+    quint32 state = 1;
+    for (char &byte : noise) byte = char((state = state * 1664525 + 1013904223) >> 24);
+    QTest::newRow("healthy") << "a.jpg" << plain << "" << true << "";
+    QTest::newRow("without its end") << "a.jpg" << plain.left(plain.size() / 2) << "" << false << "";
+    QTest::newRow("zeros") << "a.jpg" << QByteArray(5000, '\0') << "no-picture-data" << false << "";
+    QTest::newRow("random bytes") << "a.jpg" << noise << "no-picture-data" << false << "";
+    QTest::newRow("its data alone") << "a.jpg" << Damage(plain).dropHead(inScan(0)).bytes() << "header-lost" << false
+                                    << "";
+    QTest::newRow("the end of its data between zeros")
+        << "a.jpg" << QByteArray(70'000, '\0') + plain.right(4000) << "header-lost" << false << "";
+    QTest::newRow("zeros, raw") << "a.nef" << QByteArray(5000, '\0') << "no-picture-data" << false << "";
+    QTest::newRow("a PNG") << "a.jpg" << QByteArray("\x89PNG\r\n\x1a\n") + noise.left(50) << "other-format" << false
+                           << "PNG";
+    QTest::newRow("a JPEG named HEIC") << "a.heic" << plain << "other-format" << false << "JPEG";
+}
+
+void TestWholeness::sources()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, file);
+    const Run run;
+    const RepairReport report = run.repair(name, file).report;
+    QTEST(reasonWord(report.reason), "reason");
+    QTEST(report.sourceHealthy, "healthy");
+    QTEST(report.trueFormat, "format");
+}
+
+QTEST_GUILESS_MAIN(TestWholeness)
+#include "tst_wholeness.moc"
