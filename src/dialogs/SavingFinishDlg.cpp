@@ -3,12 +3,13 @@
 #include "desktop/platform/Platform.h"
 #include "dialogs/ui_SavingFinishDlg.h"
 
-SavingFinishDlg::SavingFinishDlg(QWidget *parent, const QString &path)
-    : FramelessDialog(parent), ui(std::make_unique<Ui::SavingFinishDlgObj>()), m_path(path)
+SavingFinishDlg::SavingFinishDlg(QWidget *parent, const QString &path, const QString &shortfall)
+    : FramelessDialog(parent), ui(std::make_unique<Ui::SavingFinishDlgObj>()), m_path(path), m_shortfall(shortfall)
 {
     ui->setupUi(content());
     connect(ui->ClickHereBtn, &QPushButton::clicked, this, &SavingFinishDlg::ShowDestPath);
     connect(ui->OkBtn, &QPushButton::clicked, this, &SavingFinishDlg::OnCancle);
+    if (!m_shortfall.isEmpty()) ui->label->setText(m_shortfall);
     finishSetUp({360, 160}, ui->OkBtn);
 }
 
@@ -27,5 +28,6 @@ void SavingFinishDlg::OnCancle()
 void SavingFinishDlg::retranslate()
 {
     ui->retranslateUi(content());
+    if (!m_shortfall.isEmpty()) ui->label->setText(m_shortfall);
     FramelessDialog::retranslate();
 }

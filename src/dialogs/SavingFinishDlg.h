@@ -14,8 +14,9 @@ class SavingFinishDlg : public FramelessDialog
     Q_OBJECT
 
 public:
-    /// `path` is the folder that the link shows.
-    SavingFinishDlg(QWidget *parent, const QString &path);
+    /// `path` is the folder that the link shows. `shortfall` says what was not written; empty where everything was, and
+    /// only then the dialog speaks of success.
+    SavingFinishDlg(QWidget *parent, const QString &path, const QString &shortfall = {});
     ~SavingFinishDlg() override;
 
 public slots:
@@ -29,4 +30,5 @@ protected:
 private:
     std::unique_ptr<Ui::SavingFinishDlgObj> ui;
     QString m_path;
+    QString m_shortfall;
 };

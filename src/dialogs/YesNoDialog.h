@@ -3,6 +3,7 @@
 
 #include "dialogs/FramelessDialog.h"
 
+class QLabel;
 class QPushButton;
 
 /// No is the safe answer: Enter, Escape and any other way of closing click it. Either button closes the dialog; exec()
@@ -18,6 +19,8 @@ public:
     QPushButton *NoBtn = nullptr;
 
     void reject() override;
+    /// A line behind the question, in plain text; "" takes it back.
+    void setWarning(const QString &text);
 
 protected:
     /// Call it in place of finishSetUp().
@@ -27,4 +30,6 @@ protected:
 
 private:
     void closeWith(const QPushButton *button, int result);
+
+    QLabel *m_warning = nullptr;
 };

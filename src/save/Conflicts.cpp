@@ -21,18 +21,10 @@ bool isTaken(const QString &path)
     return info.exists() || info.isSymLink();
 }
 
-bool isFirstOrSecondThumbnail(const QString &name)
+/// A name beside the file at `path`, whose kind decides on the folder, whatever the new name looks like.
+QString beside(const QString &path, const QString &name)
 {
-    return name.contains("_[T1]", Qt::CaseInsensitive) || name.contains("_[T2]", Qt::CaseInsensitive);
-}
-
-/// Where a file of this name lies in the run folder. The suffix is the one of the run's last source, so in a mixed run
-/// that source decides.
-QString placeOf(const QString &name)
-{
-    if (isFirstOrSecondThumbnail(name)) return pApp->strDestPath + "Thumbnail Repaired/" + name;
-    if (pApp->strFileSuffix.toUpper() == "HEIC") return pApp->strDestPath + "HEIC_Repaired/" + name;
-    return pApp->strDestPath + name;
+    return path.left(path.lastIndexOf('/') + 1) + name;
 }
 
 /// A free name for the run folder; its numbers begin anew for every question, and the plain name is never proposed.
@@ -44,12 +36,10 @@ QString folderProposal()
     }
 }
 
-QString fileProposal()
+QString fileProposal(const QString &path)
 {
-    const QString folder =
-        isFirstOrSecondThumbnail(pApp->strConflictName) ? pApp->strDestPath + "Thumbnail Repaired/" : pApp->strDestPath;
     QString candidate = pApp->strConflictName;
-    for (quint32 number = 1; isTaken(folder + candidate); ++number) {
+    for (quint32 number = 1; isTaken(beside(path, candidate)); ++number) {
         candidate = copyName(number, pApp->strConflictName);
     }
     return candidate;
@@ -70,17 +60,17 @@ void askAboutFolder(ConflictPrompt &prompt)
         pApp->bFolderOverwrite = true;
         break;
     case FolderAnswer::Cancel: pApp->bSaveCancelled = true; break;
-    case FolderAnswer::Closed: break;
+    case FolderAnswer::Closed: pApp->bSaveCancelled = true; break;
     }
 }
 
-void askAboutFile(ConflictPrompt &prompt)
+void askAboutFile(const QString &path, ConflictPrompt &prompt)
 {
     // Answers for one file end where the next question begins.
     pApp->bOverwriteOnce = false;
     pApp->bRenameOnce = false;
     pApp->bSkipCurrentFile = false;
-    QString newName = fileProposal();
+    QString newName = fileProposal(path);
     switch (prompt.fileExists(pApp->strConflictName, newName)) {
     case FileAnswer::Overwrite: pApp->bOverwriteOnce = true; break;
     case FileAnswer::Rename:
@@ -94,7 +84,7 @@ void askAboutFile(ConflictPrompt &prompt)
         pApp->bSkipAllFiles = true;
         pApp->bSkipCurrentFile = true;
         break;
-    case FileAnswer::Closed: break;
+    case FileAnswer::Closed: pApp->bSaveCancelled = true; break;
     }
 }
 
@@ -102,7 +92,7 @@ void askAboutFile(ConflictPrompt &prompt)
 void takeNextCopyName(const QString &path)
 {
     QString candidate = pApp->strConflictName;
-    for (QString test = path; isTaken(test); test = placeOf(candidate)) {
+    for (QString test = path; isTaken(test); test = beside(path, candidate)) {
         candidate = copyName(++pApp->nCopyCounter, pApp->strConflictName);
     }
     pApp->strConflictName = candidate;
@@ -127,15 +117,15 @@ bool SaveFile::SaveTree(const QString &folder, ConflictPrompt &prompt)
 QString SaveFile::CheckForFile_FolderNAME(const QString &path, ConflictPrompt &prompt)
 {
     if (!isTaken(path)) return path;
-    if (!pApp->bOverwriteAll && !pApp->bRenameAll && !pApp->bSkipAllFiles) askAboutFile(prompt);
+    if (!pApp->bOverwriteAll && !pApp->bRenameAll && !pApp->bSkipAllFiles) askAboutFile(path, prompt);
 
-    if (pApp->bSkipAllFiles || pApp->bSkipCurrentFile) return {};
+    if (pApp->bSkipAllFiles || pApp->bSkipCurrentFile || pApp->bSaveCancelled) return {};
     if (pApp->bRenameOnce) {
         pApp->strConflictName = pApp->strRenameTo;
-        return placeOf(pApp->strConflictName);
+        return beside(path, pApp->strConflictName);
     }
-    if (pApp->bOverwriteOnce || pApp->bOverwriteAll) return placeOf(pApp->strConflictName);
+    if (pApp->bOverwriteOnce || pApp->bOverwriteAll) return beside(path, pApp->strConflictName);
     if (!pApp->bRenameAll) return path;
     takeNextCopyName(path);
-    return placeOf(pApp->strConflictName);
+    return beside(path, pApp->strConflictName);
 }

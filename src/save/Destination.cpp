@@ -49,25 +49,22 @@ bool isFileName(const QString &name)
     return !name.isEmpty() && name != "." && name != ".." && !name.contains('/') && !name.contains(QChar(0));
 }
 
-/// The path to write an output to, "" if it is skipped or its new name can't be one (then with `error`).
-QString settleTarget(const QString &target, const QString &place, ConflictPrompt &prompt, QString &error)
+/// The path to write an output to, "" if it is skipped, the save was called off or its new name can't be one (then with
+/// `error`). A typed name that is taken too is asked about in its turn.
+QString settleTarget(const QString &target, ConflictPrompt &prompt, QString &error)
 {
-    const QFileInfo standing(target);
-    if (!pApp->bFolderOverwrite || !(standing.exists() || standing.isSymLink())) return target;
-    const QString settled = SaveFile().CheckForFile_FolderNAME(pApp->strDestPath + place, prompt);
-    if (settled.isEmpty()) return {};
-    if (!isFileName(pApp->strConflictName)) {
-        error = QStringLiteral("'%1' can't be a file's name").arg(pApp->strConflictName);
-        return {};
+    QString settled = target;
+    const auto isTaken = [&settled] { return QFileInfo::exists(settled) || QFileInfo(settled).isSymLink(); };
+    while (pApp->bFolderOverwrite && isTaken()) {
+        settled = SaveFile().CheckForFile_FolderNAME(settled, prompt);
+        if (settled.isEmpty()) return {};
+        if (!isFileName(pApp->strConflictName)) {
+            error = QStringLiteral("'%1' can't be a file's name").arg(pApp->strConflictName);
+            return {};
+        }
+        if (!pApp->bRenameOnce) break;
     }
-    // The name's place follows the suffix of the run's last source; a HEIC keeps its own folder whatever that was.
-    if (!place.startsWith(kHeicFolder)) return settled;
-    const QString folder = target.left(target.lastIndexOf('/') + 1);
-    while (pApp->bRenameAll && QFileInfo::exists(folder + pApp->strConflictName)) {
-        const QString name = place.mid(kHeicFolder.size());
-        pApp->strConflictName = QStringLiteral("Copy(%1)_%2").arg(++pApp->nCopyCounter).arg(name);
-    }
-    return folder + pApp->strConflictName;
+    return settled;
 }
 
 SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &prompt)
@@ -77,8 +74,9 @@ SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &promp
     pApp->strConflictName = name;
     const QString place = destinationPlace(name);
     const QString source = outputPath(name);
-    const QString target = settleTarget(base + place, place, prompt, row.error);
+    const QString target = settleTarget(base + place, prompt, row.error);
     ++pApp->nSavedCount;
+    if (pApp->bSaveCancelled) row.error = QStringLiteral("the question about it was closed without an answer");
     if (!row.error.isEmpty()) return row;
     if (target.isEmpty()) {
         row.result = SaveResult::Skipped;
@@ -143,8 +141,14 @@ SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt)
         outcome.error = QStringLiteral("the folder '%1' can't be made").arg(outcome.folder);
         return outcome;
     }
-    for (const QString &name : names) outcome.rows.append(saveOne(name, base, prompt));
+    for (const QString &name : names) {
+        if (!pApp->bSaveCancelled)
+            outcome.rows.append(saveOne(name, base, prompt));
+        else
+            outcome.rows.append({name, SaveResult::Failed, {}, QStringLiteral("the save was called off before it")});
+    }
     pApp->bFolderOverwrite = false;
+    outcome.cancelled = pApp->bSaveCancelled;
     return outcome;
 }
 

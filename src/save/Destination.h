@@ -21,7 +21,7 @@ struct SavedRow
 struct SaveOutcome
 {
     QString error;          ///< one line why nothing could be saved, else empty
-    bool cancelled = false; ///< the question about the run folder was answered with Cancel
+    bool cancelled = false; ///< a question was answered with Cancel, or closed; what stood behind it has failed
     QString folder;         ///< the folder that holds the results' layout, without trailing "/"
     QVector<SavedRow> rows; ///< in the order of the names
 };

@@ -11,6 +11,7 @@
 #include "dialogs/ReferenceFileDlg.h"
 #include "dialogs/StopDlg.h"
 #include "window/CustomButton.h"
+#include "window/DetailsPane.h"
 #include "window/DrgDrp.h"
 #include "window/Globals.h"
 #include "window/MyTreeWidget.h"
@@ -128,6 +129,8 @@ void BrowseRepair::buildTrees()
     pResultTree->setObjectName(QStringLiteral("pResultTree"));
     pResultTree->setGeometry(22, 180, 400, 290);
     pResultTree->setAttribute(Qt::WA_MacShowFocusRect, false);
+    m_details = new DetailsPane(ui->frame2);
+    m_details->setGeometry(432, 474, 400, 68); // the free band under the preview
 }
 
 void BrowseRepair::buildDropArea()
@@ -200,6 +203,7 @@ void BrowseRepair::retranslate()
     pDropHint->setText(tr("Click to add photos, or drag JPEG files here."));
     pFileList->setAccessibleName(tr("Files to repair"));
     pResultTree->setAccessibleName(tr("Repair results"));
+    m_details->setAccessibleName(tr("Details"));
     retranslateMoreTools();
     for (const auto &[place, words] : m_words) words();
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
@@ -288,9 +292,10 @@ void BrowseRepair::orderFocus()
     const QList<QWidget *> first{
         pDropButton,   pFileList,   ui->checkBox1,   ui->AddFilesBtn, ui->RemovFileBtn, ui->StartRepairFilesBtn,
         ui->UpdateBtn, ui->HelpBtn, ui->MiniMaBtn_2, ui->closeBtn_2,  pMoreToolsBtn};
-    const QList<QWidget *> second{pResultTree,         ui->checkBox1_2, ui->checkBox3,   ui->StopRepairProcessBtn_2,
-                                  ui->SaveRepairBtn_2, ui->BackBtn_2,   ui->UpdateBtn_2, ui->HelpBtn_1,
-                                  ui->MiniMaBtn,       ui->closeBtn};
+    const QList<QWidget *> second{
+        pResultTree,         m_details,     ui->checkBox1_2, ui->checkBox3, ui->StopRepairProcessBtn_2,
+        ui->SaveRepairBtn_2, ui->BackBtn_2, ui->UpdateBtn_2, ui->HelpBtn_1, ui->MiniMaBtn,
+        ui->closeBtn};
     for (const QList<QWidget *> &page : {first, second})
         for (int i = 1; i < page.size(); ++i) setTabOrder(page[i - 1], page[i]);
 }

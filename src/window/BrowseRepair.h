@@ -30,6 +30,7 @@
 class AdvancedRepairDlg;
 class BackApplicationDlg;
 class DeepRoad;
+class DetailsPane;
 class DrgDrp;
 class MessageBox;
 class MyTreeWidget;
@@ -268,6 +269,8 @@ private:
     /// The button of a source row, made at the first call.
     CustomButton *makeButton(int index);
     void addOutputRow(QTreeWidgetItem *source, const OutputRow &row, bool leftAligned, bool withResolution);
+    /// A badge beside the type, and its words for whoever doesn't see it.
+    static void showWholeness(QTreeWidgetItem *row, const Wholeness &wholeness);
     /// The word of an output row in the language of the interface.
     static QString typeText(const QString &type);
     void showRunStart();
@@ -328,12 +331,15 @@ private:
     bool DirCopy(const QString &workDir);
     void saveTo(const QString &folder);
     void showRefusal(const QString &text);
+    /// How many results lie in the working folder alone, "" for none.
+    QString unsavedText() const;
 
     static void removeWorkingFolders();
 
     std::unique_ptr<Ui_BrowseRepairObj> ui;
     DrgDrp *pFileList = nullptr;
     MyTreeWidget *pResultTree = nullptr;
+    DetailsPane *m_details = nullptr;
     QPushButton *pDropButton = nullptr;
     QLabel *pDropHint = nullptr;
     MessageBox *pMessageBox = nullptr;
@@ -361,6 +367,7 @@ private:
     bool bHasRepaired = false;
     QList<QString> strSampleList;
     bool bCloseDialogOpen = false;
+    QString m_shortfall; ///< what the last save left undone, for a person
 
     QList<unsigned int> lstHelperPids;
     quint32 nCurrentHelper = 0;

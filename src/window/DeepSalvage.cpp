@@ -85,5 +85,7 @@ void BrowseRepair::addSalvagedRow(QTreeWidgetItem *source, const OutputRow &outp
 {
     addOutputRow(source, output, true, true);
     QTreeWidgetItem *row = source->child(source->childCount() - 1);
-    for (int cell : {column::Name, column::Type, column::Resolution}) row->setToolTip(cell, text);
+    const QString words = wholenessWords(output.wholeness);
+    for (int cell : {column::Name, column::Type, column::Resolution})
+        row->setToolTip(cell, words.isEmpty() ? text : words + '\n' + text);
 }

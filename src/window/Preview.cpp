@@ -5,6 +5,7 @@
 #include "desktop/platform/Platform.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
+#include "window/DetailsPane.h"
 #include "window/MyTreeWidget.h"
 #include "window/ui_BrowseRepairObj.h"
 
@@ -22,6 +23,7 @@ const QSize kView(400, 290);
 void BrowseRepair::previewRow(QTreeWidgetItem *item)
 {
     m_preview.cancel();
+    m_details->showRow(item);
     ui->Preview_Label->hide();
     if (pApp->strTempDir.isEmpty()) return;
     const QString path = outputPath(item->text(column::Name));

@@ -1,9 +1,12 @@
 #include "window/ReportText.h"
 
 #include "engine/OneFile.h"
+#include "engine/SourceJudge.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -92,7 +95,36 @@ QString salvageWord(const QString &word)
     return word;
 }
 
+/// What a person can try next; empty where nothing helps or nothing is wanted.
+QStringList advice(const FileOutcome &outcome)
+{
+    QStringList lines;
+    const RepairReport &report = outcome.report;
+    if (report.tilesAlone)
+        lines << translated(QT_TRANSLATE_NOOP(
+            "ReportText",
+            "Only the image tiles are there, which nothing opens. A sample from the same camera may help."));
+    if (deepSalvageMayHelp(outcome.source, report))
+        lines << translated(QT_TRANSLATE_NOOP("ReportText", "Deep salvage may bring back more."));
+    return lines;
+}
+
 } // namespace
+
+QString wholenessWords(const Wholeness &wholeness)
+{
+    const int percent = std::clamp(int(wholeness.share * 100), 1, 99);
+    switch (wholeness.completeness) {
+    case Completeness::Unjudged: break;
+    case Completeness::Whole: return translated(QT_TRANSLATE_NOOP("ReportText", "The picture is whole."));
+    case Completeness::Partial:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "Only part of the picture is there (about %1 %)."))
+            .arg(percent);
+    case Completeness::Doubtful:
+        return translated(QT_TRANSLATE_NOOP("ReportText", "The picture is doubtful: parts of it may be wrong."));
+    }
+    return {};
+}
 
 QString salvageText(const SalvageReport &salvage)
 {
@@ -113,6 +145,10 @@ QString reportText(const FileOutcome &outcome)
 {
     const RepairReport &report = outcome.report;
     QStringList lines;
+    if (report.sourceHealthy) lines << reasonWords(RepairReason::Healthy);
+    if (!report.trueFormat.isEmpty())
+        lines << translated(QT_TRANSLATE_NOOP("ReportText", "Its bytes are of another format than its name says: %1."))
+                     .arg(report.trueFormat);
     if (!report.outputs.isEmpty()) {
         if (report.dqtReplaced > 0)
             lines << translated(QT_TRANSLATE_NOOP("ReportText", "Quantization tables replaced: %n"),
@@ -128,9 +164,10 @@ QString reportText(const FileOutcome &outcome)
             lines << QFileInfo(output.path).fileName() + QLatin1String(": ") + wayText(output.way);
     }
     const QString why = reasonWords(report.reason);
-    if (!why.isEmpty()) lines << why;
+    if (!lines.contains(why) && !why.isEmpty()) lines << why;
     const QString salvaged = salvageText(report.salvage);
     if (!salvaged.isEmpty()) lines << salvaged;
+    lines << advice(outcome);
     if (lines.isEmpty()) lines << translated(QT_TRANSLATE_NOOP("ReportText", "Nothing came out of this file."));
     return lines.join('\n');
 }

@@ -1,6 +1,8 @@
 // What was done for a file, in words for the tool tip of its row.
 #pragma once
 
+#include "engine/RepairReport.h"
+
 #include <QString>
 
 struct FileOutcome;
@@ -14,3 +16,5 @@ QString salvageText(const SalvageReport &salvage);
 
 /// "\n2 Invalid Files" or "\n1 Thumbnail Absent": of two counts that aren't 0 the second one. Empty if both are 0.
 QString runSummary(quint32 invalid, quint32 thumbnailsAbsent);
+/// How much of a picture is there, in a sentence; "" where nobody could tell.
+QString wholenessWords(const Wholeness &wholeness);

@@ -3,6 +3,7 @@
 #include "desktop/Languages.h"
 #include "desktop/Look.h"
 #include "dialogs/CompletionMsg.h"
+#include "dialogs/StopDlg.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
@@ -45,6 +46,7 @@ CustomButton *BrowseRepair::buttonOf(const QTreeWidgetItem *row) const
 
 void BrowseRepair::OnCompletionMsgBox()
 {
+    stopDlgObj->hide(); // the run is over: there is nothing left to stop
     setLanguageFlags(storedLanguage());
     ui->Preview_Label->setPixmap(look::picture(placeholderPicture(), devicePixelRatioF()));
 

@@ -5,12 +5,21 @@
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
+#include "window/DetailsPane.h"
 #include "window/KindIcon.h"
 #include "window/MyTreeWidget.h"
+#include "window/ReportText.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QFileInfo>
 #include <QPixmap>
+
+namespace {
+
+/// On the type of an output row: how much of the picture is there, in words.
+constexpr int kWholenessRole = Qt::UserRole + 2;
+
+} // namespace
 
 QString BrowseRepair::typeText(const QString &type)
 {
@@ -60,11 +69,22 @@ void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output
     row->setIcon(column::Name,
                  output.icon.isNull() ? kindIcon(QFileInfo(output.name).suffix())
                                       : QIcon(QPixmap::fromImage(output.icon)));
+    showWholeness(row, output.wholeness);
     source->addChild(row);
     emit ExpandThumb(source);
     curFileInfo.strName = output.name;
     curFileInfo.strResolution = output.resolution;
     lstRepairedInfo.append(curFileInfo);
+}
+
+void BrowseRepair::showWholeness(QTreeWidgetItem *row, const Wholeness &wholeness)
+{
+    const QString word = completenessWord(wholeness.completeness);
+    if (word.isEmpty()) return;
+    const QString words = wholenessWords(wholeness);
+    row->setIcon(column::Type, QIcon(QStringLiteral(":/res/badge-%1.png").arg(word)));
+    row->setData(column::Type, Qt::AccessibleTextRole, QString(row->text(column::Type) + QLatin1String(". ") + words));
+    row->setData(column::Type, kWholenessRole, words);
 }
 
 void BrowseRepair::setReportTip(QTreeWidgetItem *source, const QString &text)
@@ -75,7 +95,9 @@ void BrowseRepair::setReportTip(QTreeWidgetItem *source, const QString &text)
     for (int i = 0; i < source->childCount(); ++i) {
         QTreeWidgetItem *output = source->child(i);
         if (isSalvaged(output)) continue;
-        for (int cell : {column::Name, column::Type, column::Resolution}) output->setToolTip(cell, text);
+        const QString words = output->data(column::Type, kWholenessRole).toString();
+        for (int cell : {column::Name, column::Type, column::Resolution})
+            output->setToolTip(cell, words.isEmpty() ? text : words + '\n' + text);
     }
     if (CustomButton *button = buttonOf(source)) button->setToolTip(text);
 }
@@ -124,6 +146,7 @@ void BrowseRepair::SwitchToOriginalState()
 void BrowseRepair::DisplaySavedItems()
 {
     ui->frame->hide();
+    m_details->showRow(nullptr);
     ui->Preview_Label->setPixmap(look::picture(placeholderPicture(), devicePixelRatioF()));
     ui->Preview_Label->show();
     ui->frame2->show();

@@ -1,6 +1,7 @@
 // The three ways out: Stop ends a run and keeps what was made, Back and Close empty the working folder.
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
+#include "desktop/Look.h"
 #include "dialogs/BackApplicationDlg.h"
 #include "dialogs/CloseApplicationDlg.h"
 #include "dialogs/StopDlg.h"
@@ -9,6 +10,7 @@
 #include "save/WipeFolder.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
+#include "window/DetailsPane.h"
 #include "window/DrgDrp.h"
 #include "window/Globals.h"
 #include "window/MyTreeWidget.h"
@@ -79,6 +81,7 @@ void BrowseRepair::resetRunFields()
 
 void BrowseRepair::OnClickedBackBtn()
 {
+    pBackDlg->setWarning(unsavedText());
     pBackDlg->exec();
     if (pApp->strCloseAnswer != QLatin1String("YesBtn")) {
         pBackDlg->close();
@@ -95,10 +98,13 @@ void BrowseRepair::OnClickedBackBtn()
     ui->Preview_Label->clear();
     lstRowButtons.clear();
     pApp->bBackRequested = true;
+    m_details->showRow(nullptr);
     pResultTree->clear();
     ui->graphicsView->hide();
     ui->frame2->hide();
     ui->label_5->clear();
+    say(ui->label, [this] { ui->label->setText(tr("Kesmira")); });
+    ui->label->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 14));
     ui->checkBox1->setEnabled(true);
     ui->label_2->setEnabled(true);
     ui->AddFilesBtn->show();
@@ -136,6 +142,7 @@ void BrowseRepair::CloseProcess()
 void BrowseRepair::closeEvent(QCloseEvent *event)
 {
     if (!bCloseDialogOpen) {
+        closeApp->setWarning(unsavedText());
         closeApp->exec();
         bCloseDialogOpen = true;
     }

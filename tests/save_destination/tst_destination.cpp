@@ -173,10 +173,10 @@ void TestDestination::save_data()
                                     << QVector<ScriptLine>{folderLine("RepairedFiles, Copy(1)_RepairedFiles",
                                                                       FolderAnswer::Cancel)}
                                     << QStringList{} << Files();
-    QTest::newRow("folder: closed, taken names fail")
+    QTest::newRow("folder: closed is cancelled")
         << Files{{run + "a.jpg", "old a"}} << QStringList{"a.jpg", "b.jpg"}
         << QVector<ScriptLine>{folderLine("RepairedFiles, Copy(1)_RepairedFiles", FolderAnswer::Closed)}
-        << QStringList{"File exists", "saved"} << Files{{run + "b.jpg", newB}, {thumbs, {}}};
+        << QStringList{} << Files();
 
     QTest::newRow("file: overwrite, skip")
         << bothOld << QStringList{"a.jpg", "b.jpg"}
@@ -190,7 +190,7 @@ void TestDestination::save_data()
         << QStringList{"skipped", "saved"} << Files{{run + "b.jpg", newB}, {thumbs, {}}};
     QTest::newRow("file: closed keeps the old one")
         << bothOld << QStringList{"a.jpg"} << asked({fileLine("a.jpg, Copy(1)_a.jpg", FileAnswer::Closed)})
-        << QStringList{"File exists"} << Files{{thumbs, {}}};
+        << QStringList{"the question about it was closed without an answer"} << Files{{thumbs, {}}};
     QTest::newRow("file: rename as proposed, and as typed")
         << Files{{run + "a.jpg", "old a"}, {run + "Copy(1)_a.jpg", "older a"}, {run + "b.jpg", "old b"}}
         << QStringList{"a.jpg", "b.jpg"}
@@ -204,8 +204,10 @@ void TestDestination::save_data()
                   fileLine("b.jpg, Copy(1)_b.jpg", FileAnswer::Rename, "../b")})
         << QStringList{"'' can't be a file's name", "'../b' can't be a file's name"} << Files{{thumbs, {}}};
     QTest::newRow("file: typed name is taken, too")
-        << bothOld << QStringList{"a.jpg"} << asked({fileLine("a.jpg, Copy(1)_a.jpg", FileAnswer::Rename, "b.jpg")})
-        << QStringList{"File exists"} << Files{{thumbs, {}}};
+        << bothOld << QStringList{"a.jpg"}
+        << asked({fileLine("a.jpg, Copy(1)_a.jpg", FileAnswer::Rename, "b.jpg"),
+                  fileLine("b.jpg, Copy(1)_b.jpg", FileAnswer::Rename, "c.jpg")})
+        << QStringList{"saved"} << Files{{run + "c.jpg", newA}, {thumbs, {}}};
 
     QTest::newRow("file: rename all") << bothOld << QStringList{"a.jpg", "a_[T1].jpg", "b.jpg"}
                                       << asked({fileLine("a.jpg, Copy(1)_a.jpg", FileAnswer::RenameAll)})
@@ -229,10 +231,10 @@ void TestDestination::save_data()
                   fileLine("a_[T2].jpg, Copy(1)_a_[T2].jpg", FileAnswer::RenameAll)})
         << QStringList{"saved", "saved"}
         << Files{{thumbs + "a_[T1].jpg", newT1}, {thumbs + "Copy(1)_a_[T2].jpg", newT2}};
-    // The third one's free names are looked for among the main images, and there it goes.
-    QTest::newRow("third thumbnail: rename") << Files{{thumbs + "a_[T3].jpg", "old"}} << QStringList{"a_[T3].jpg"}
-                                             << asked({fileLine("a_[T3].jpg, a_[T3].jpg", FileAnswer::RenameAll)})
-                                             << QStringList{"saved"} << Files{{run + "Copy(1)_a_[T3].jpg", newT3}};
+    QTest::newRow("third thumbnail: rename")
+        << Files{{thumbs + "a_[T3].jpg", "old"}} << QStringList{"a_[T3].jpg"}
+        << asked({fileLine("a_[T3].jpg, Copy(1)_a_[T3].jpg", FileAnswer::RenameAll)}) << QStringList{"saved"}
+        << Files{{thumbs + "Copy(1)_a_[T3].jpg", newT3}};
 }
 
 void TestDestination::save()

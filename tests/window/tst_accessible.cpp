@@ -195,7 +195,8 @@ void TestAccessible::tabGoesThroughThePage_data()
          "pFileList checkBox1 AddFilesBtn StartRepairFilesBtn UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
         {"run", State::Running, "StopRepairProcessBtn_2 HelpBtn_1 MiniMaBtn closeBtn pMoreToolsBtn"},
         {"results", State::Done,
-         "pResultTree checkBox1_2 checkBox3 SaveRepairBtn_2 BackBtn_2 UpdateBtn_2 HelpBtn_1 MiniMaBtn closeBtn "
+         "pResultTree detailsPane checkBox1_2 checkBox3 SaveRepairBtn_2 BackBtn_2 UpdateBtn_2 HelpBtn_1 MiniMaBtn "
+         "closeBtn "
          "rowButton pMoreToolsBtn"},
     };
     for (const auto &page : pages) {

@@ -39,6 +39,7 @@ private slots:
     void refusals();
     void cancelledChoice();
     void oneOutputHasNoAnswersForAll();
+    void whatFailedStays();
 };
 
 void TestSaving::conflicts_data()
@@ -160,6 +161,29 @@ void TestSaving::oneOutputHasNoAnswersForAll()
     QVERIFY(room.click("SaveRepairBtn_2"));
     QCOMPARE(room.complaint(), QString());
     QCOMPARE(savedFiles(room.destination()), QStringList("RepairedFiles/b.jpg (old)"));
+}
+
+void TestSaving::whatFailedStays()
+{
+    WindowRoom room;
+    room.add({room.source("a.jpg", photos::plain(1)), room.source("b.jpg", photos::plain(2))});
+    QVERIFY(room.repair());
+    QFile::remove(room.result("a.jpg")); // as a disk that fails would
+    room.script.expect("SavingFinishDlg", "OkBtn", [](QDialog *dialog) {
+        const QString text = dialog->findChild<QLabel *>("label")->text();
+        QVERIFY2(text.startsWith("1 of 2 files were saved.\na.jpg: "), qPrintable(text));
+    });
+    room.chooser.answers.push_back({room.destination()});
+    QVERIFY(room.click("SaveRepairBtn_2"));
+    QCOMPARE(tickedRows(room), QStringList("a.jpg"));
+    QVERIFY(room.find("SaveRepairBtn_2")->isEnabled());
+
+    room.script.expect("BackApplicationDlg", "NoBtn", [](QDialog *dialog) {
+        const QString text = dialog->findChild<QLabel *>("warning")->text();
+        QVERIFY2(text.endsWith(": 1"), qPrintable(text)); // the one that was never saved
+    });
+    QVERIFY(room.click("BackBtn_2"));
+    QCOMPARE(room.complaint(), QString());
 }
 
 QTEST_MAIN(TestSaving)
