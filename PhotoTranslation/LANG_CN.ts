@@ -70,11 +70,16 @@ Click Next to add a &apos; sample HEIC </source>
         <translation>高级修复
 
 使用此选项修复严重损坏的 HEIC。 
-单击“下一步”添加 &apos; 样本 HEIC </translation>
+单击“下一步”，添加相同格式的“样本 HEIC </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
-        <translation> （相同格式）。修复过程中，样本和损坏的 HEIC 保持不变。</translation>
+        <translation>。修复过程中，样本和损坏的 HEIC 保持不变。</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation>”</translation>
     </message>
 </context>
 <context>
@@ -96,7 +101,7 @@ Click Next to add a &apos; sample HEIC </source>
     <name>AlreadyExistFileDlgObj</name>
     <message>
         <source>File Exists</source>
-        <translation>文件已存在</translation>
+        <translation>同名文件</translation>
     </message>
     <message>
         <source>File Name :</source>
@@ -141,7 +146,7 @@ Click Next to add a &apos; sample HEIC </source>
         <source>This action will clear repair results.
 Do you want to go back to previous screen?</source>
         <translation>此操作将清除修复结果。
-是否返回上一屏幕？</translation>
+是否返回上一页？</translation>
     </message>
     <message>
         <source>Yes</source>
@@ -156,7 +161,7 @@ Do you want to go back to previous screen?</source>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>所选目标路径为只读（受操作系统限制</translation>
+        <translation>所选目标路径为只读（受操作系统限制）。</translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -389,7 +394,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Repairing File : </source>
-        <translation>正在修复文件： </translation>
+        <translation>正在修复文件：</translation>
     </message>
     <message>
         <source>Select Folder</source>
@@ -401,7 +406,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
-        <translation>更彻底地搜索损坏的 JPEG 照片。抢救出的图像中有些部分可能是推测的。</translation>
+        <translation>更彻底地检查损坏的 JPEG 照片。抢救出的图像中有些部分可能是推测的。</translation>
     </message>
     <message>
         <source>&amp;Deep salvage</source>
@@ -409,7 +414,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Deep salvage: </source>
-        <translation>深度抢救： </translation>
+        <translation>深度抢救：</translation>
     </message>
     <message>
         <source>Salvaged</source>
@@ -432,7 +437,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Remove Files</source>
-        <translation>移除文件</translation>
+        <translation>从列表中移除</translation>
     </message>
     <message>
         <source>Repair</source>
@@ -519,7 +524,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>The new version can&apos;t be put in place: %1</source>
-        <translation>无法放置新版本：%1</translation>
+        <translation>无法安装新版本：%1</translation>
     </message>
 </context>
 <context>
@@ -573,7 +578,7 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>修复完成。
 
-如有缩略图，将以 &apos;filename_Tx&apos; 的形式列出。
+如有缩略图，将以“文件名_[Tx]”的形式列出。
 缩略图是大尺寸 JPEG 的小图像。</translation>
     </message>
     <message>
@@ -585,7 +590,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     <name>Download</name>
     <message>
         <source>The server sends more than an update can hold.</source>
-        <translation>服务器发送的数据超出更新的大小。</translation>
+        <translation>服务器发送的数据量超过更新允许的大小。</translation>
     </message>
 </context>
 <context>
@@ -611,26 +616,26 @@ Thumbnails are small sized images of large JPEGs.</source>
     <name>DrgDrp</name>
     <message>
         <source>Remove Files</source>
-        <translation>移除文件</translation>
+        <translation>从列表中移除</translation>
     </message>
 </context>
 <context>
     <name>FolderExistObj</name>
     <message>
         <source>Folder Exists</source>
-        <translation>文件夹已存在</translation>
+        <translation>同名文件夹</translation>
     </message>
     <message>
         <source>Folder Exist</source>
-        <translation>文件夹已存在</translation>
+        <translation>同名文件夹</translation>
     </message>
     <message>
         <source>Folder Name : </source>
-        <translation>文件夹名称： </translation>
+        <translation>文件夹名称：</translation>
     </message>
     <message>
         <source>Rename to : </source>
-        <translation>重命名为： </translation>
+        <translation>重命名为：</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -649,7 +654,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>正在读取图像 ...</translation>
+        <translation>正在读取图像...</translation>
     </message>
     <message>
         <source>Smaller</source>
@@ -793,7 +798,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     <name>QDownloadApp</name>
     <message>
         <source>Time Elapsed: </source>
-        <translation>已用时间： </translation>
+        <translation>已用时间：</translation>
     </message>
     <message>
         <source> sec </source>
@@ -801,7 +806,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> MB /  </translation>
+        <translation> MB / </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -809,7 +814,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation>传输速率： </translation>
+        <translation>传输速率：</translation>
     </message>
     <message>
         <source> KB/sec </source>
@@ -825,14 +830,14 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>几秒到几分钟 </translation>
+        <translation>几秒到几分钟。</translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Add File</source>
-        <translation>添加文件</translation>
+        <translation>选择样本</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
@@ -958,7 +963,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>Illegal bytes of the picture data neutralised: %1</source>
-        <translation>已清除的图像数据非法字节：%1</translation>
+        <translation>已替换为无害值的图像数据非法字节：%1</translation>
     </message>
     <message>
         <source>Bytes stepped over: %1</source>
@@ -970,7 +975,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>text transfer undone</source>
-        <translation>已撤销文本传输</translation>
+        <translation>已消除文本模式传输的影响</translation>
     </message>
     <message>
         <source>picture data found</source>
@@ -978,7 +983,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>frame mended</source>
-        <translation>已修正帧信息</translation>
+        <translation>已修正帧头</translation>
     </message>
     <message>
         <source>restart interval found</source>
@@ -1047,6 +1052,18 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>Salvaged: %1 (%2)</source>
         <translation>已抢救：%1 (%2)</translation>
+    </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>此文件可以直接打开。</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>此文件不含图像数据。</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>样本与此文件不匹配。</translation>
     </message>
 </context>
 <context>

@@ -57,7 +57,7 @@ repair process.</source>
         <translation>Erweiterte Reparatur
 
 Mit dieser Option reparieren Sie stark beschädigte JPEGs. 
-Klicken Sie auf „Weiter“ und fügen Sie ein &apos;Beispiel-JPEG&apos; 
+Klicken Sie auf „Weiter“ und fügen Sie ein „Beispiel-JPEG“ 
 desselben Formats hinzu, mit demselben Gerät aufgenommen. 
 Das Beispiel und die beschädigten JPEGs 
 bleiben dabei unverändert.</translation>
@@ -70,11 +70,16 @@ Click Next to add a &apos; sample HEIC </source>
         <translation>Erweiterte Reparatur
 
 Mit dieser Option reparieren Sie stark beschädigte HEICs. 
-Klicken Sie auf „Weiter“ und fügen Sie hinzu: &apos; Beispiel-HEIC </translation>
+Klicken Sie auf „Weiter“ und fügen Sie ein „Beispiel-HEIC </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
-        <translation> desselben Formats. Das Beispiel und das beschädigte HEIC bleiben bei der Reparatur unverändert.</translation>
+        <translation> desselben Formats hinzu. Das Beispiel und das beschädigte HEIC bleiben bei der Reparatur unverändert.</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation>“</translation>
     </message>
 </context>
 <context>
@@ -96,7 +101,7 @@ Klicken Sie auf „Weiter“ und fügen Sie hinzu: &apos; Beispiel-HEIC </transl
     <name>AlreadyExistFileDlgObj</name>
     <message>
         <source>File Exists</source>
-        <translation>Datei vorhanden</translation>
+        <translation>Vorhandene Datei</translation>
     </message>
     <message>
         <source>File Name :</source>
@@ -135,7 +140,7 @@ Klicken Sie auf „Weiter“ und fügen Sie hinzu: &apos; Beispiel-HEIC </transl
     <name>BackApplicationDlgObj</name>
     <message>
         <source>Back</source>
-        <translation>Zurück</translation>
+        <translation>Rückkehr</translation>
     </message>
     <message>
         <source>This action will clear repair results.
@@ -156,7 +161,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>Der gewählte Zielordner ist schreibgeschützt (vom Betriebssystem eingeschränkt</translation>
+        <translation>Der gewählte Zielordner ist schreibgeschützt (vom Betriebssystem eingeschränkt). </translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -184,7 +189,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>Select one or more files to open</source>
-        <translation>Eine oder mehrere Dateien zum Öffnen auswählen</translation>
+        <translation>Auswahl der zu öffnenden Dateien</translation>
     </message>
     <message>
         <source>  File Name</source>
@@ -393,7 +398,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation>Ordner auswählen</translation>
+        <translation>Auswahl des Ordners</translation>
     </message>
     <message>
         <source>Images</source>
@@ -432,7 +437,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>Remove Files</source>
-        <translation>Dateien entfernen</translation>
+        <translation>Aus der Liste entfernen</translation>
     </message>
     <message>
         <source>Repair</source>
@@ -499,7 +504,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>The update holds what doesn&apos;t belong there, and was refused.</source>
-        <translation>Das Update enthält, was nicht hineingehört, und wurde abgelehnt.</translation>
+        <translation>Das Update enthält etwas, das nicht hineingehört, und wurde abgelehnt.</translation>
     </message>
     <message>
         <source>The update can&apos;t be unpacked: it is damaged, or the disk is full.</source>
@@ -511,7 +516,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
-        <translation>Das Programm ist dort installiert, wo Sie es nicht ändern können. Das Update kommt von dem, der es installiert hat.</translation>
+        <translation>Das Programm ist dort installiert, wo Sie es nicht ändern können. Für das Update ist zuständig, wer es installiert hat.</translation>
     </message>
     <message>
         <source>The update doesn&apos;t hold the program.</source>
@@ -526,7 +531,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation>Aktualisieren</translation>
+        <translation>Update</translation>
     </message>
     <message>
         <source>Looking for a new version...</source>
@@ -545,7 +550,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     <name>CloseApplicationDlgObj</name>
     <message>
         <source>Exit</source>
-        <translation>Beenden</translation>
+        <translation>Programmende</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
@@ -564,7 +569,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     <name>CompletionMsgObj</name>
     <message>
         <source>Repair Complete</source>
-        <translation>Reparatur abgeschlossen</translation>
+        <translation>Abschluss der Reparatur</translation>
     </message>
     <message>
         <source>Repair process completed.
@@ -573,7 +578,7 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>Die Reparatur ist abgeschlossen.
 
-Vorhandene Miniaturen stehen als &apos;Dateiname_Tx&apos; in der Liste.
+Vorhandene Miniaturen stehen als „Dateiname_[Tx]“ in der Liste.
 Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
@@ -592,7 +597,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <name>DownloadApp</name>
     <message>
         <source>Update</source>
-        <translation>Aktualisieren</translation>
+        <translation>Update</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -611,18 +616,18 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <name>DrgDrp</name>
     <message>
         <source>Remove Files</source>
-        <translation>Dateien entfernen</translation>
+        <translation>Aus der Liste entfernen</translation>
     </message>
 </context>
 <context>
     <name>FolderExistObj</name>
     <message>
         <source>Folder Exists</source>
-        <translation>Ordner vorhanden</translation>
+        <translation>Vorhandener Ordner</translation>
     </message>
     <message>
         <source>Folder Exist</source>
-        <translation>Ordner vorhanden</translation>
+        <translation>Vorhandener Ordner</translation>
     </message>
     <message>
         <source>Folder Name : </source>
@@ -649,15 +654,15 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>Das Bild wird gelesen ...</translation>
+        <translation>Das Bild wird gelesen...</translation>
     </message>
     <message>
         <source>Smaller</source>
-        <translation>Kleiner</translation>
+        <translation>Verkleinern</translation>
     </message>
     <message>
         <source>Larger</source>
-        <translation>Größer</translation>
+        <translation>Vergrößern</translation>
     </message>
     <message>
         <source>Fit</source>
@@ -801,7 +806,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> MB von  </translation>
+        <translation> MB von </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -825,14 +830,14 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>Sekunden bis wenige Minuten </translation>
+        <translation>Sekunden bis wenige Minuten. </translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Add File</source>
-        <translation>Datei hinzufügen</translation>
+        <translation>Auswahl des Beispiels</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
@@ -926,7 +931,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>What could be rebuilt doesn&apos;t open as a picture.</source>
-        <translation>Was wiederhergestellt werden konnte, lässt sich nicht als Bild öffnen.</translation>
+        <translation>Was neu aufgebaut werden konnte, lässt sich nicht als Bild öffnen.</translation>
     </message>
     <message>
         <source>The file holds no preview picture.</source>
@@ -966,11 +971,11 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>Nothing came out of this file.</source>
-        <translation>Aus dieser Datei ließ sich nichts retten.</translation>
+        <translation>Aus dieser Datei ließ sich nichts gewinnen.</translation>
     </message>
     <message>
         <source>text transfer undone</source>
-        <translation>Textübertragung rückgängig gemacht</translation>
+        <translation>Folgen einer Übertragung im Textmodus behoben</translation>
     </message>
     <message>
         <source>picture data found</source>
@@ -978,7 +983,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>frame mended</source>
-        <translation>Bildrahmen ausgebessert</translation>
+        <translation>Frame-Header ausgebessert</translation>
     </message>
     <message>
         <source>restart interval found</source>
@@ -1010,7 +1015,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>hit bytes repaired</source>
-        <translation>getroffene Bytes ausgebessert</translation>
+        <translation>beschädigte Bytes ausgebessert</translation>
     </message>
     <message>
         <source>restart intervals put in place</source>
@@ -1048,6 +1053,18 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>Salvaged: %1 (%2)</source>
         <translation>Gerettet: %1 (%2)</translation>
     </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>Die Datei lässt sich öffnen, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>Die Datei enthält keine Bilddaten.</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>Das Beispiel passt nicht zu dieser Datei.</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1084,7 +1101,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
-        <translation>Speichern abgeschlossen</translation>
+        <translation>Abschluss des Speicherns</translation>
     </message>
     <message>
         <source>Image(s) saved successfully.</source>
@@ -1133,7 +1150,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
-        <translation>Reparatur stoppen</translation>
+        <translation>Stopp der Reparatur</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>

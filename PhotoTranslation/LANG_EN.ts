@@ -54,34 +54,39 @@ Click Next to   add a &apos;sample JPEG&apos; of the same
 format, nshot using the same device.The sample and 
 the damaged JPEGs remain unchanged during 
 repair process.</source>
-        <translation>Advance Repair
+        <translation>Advanced Repair
 
-Use this option to repair severely damaged JPEG. 
-Click Next to   add a &apos;sample JPEG&apos; of the same 
-format, nshot using the same device.The sample and 
+Use this option to repair severely damaged JPEGs. 
+Click Next to add a &apos;sample JPEG&apos; of the same 
+format, shot using the same device. The sample and 
 the damaged JPEGs remain unchanged during 
-repair process.</translation>
+the repair process.</translation>
     </message>
     <message>
         <source>Advance Repair
 
 Use this option to repair severely damaged HEIC. 
 Click Next to add a &apos; sample HEIC </source>
-        <translation>Advance Repair
+        <translation>Advanced Repair
 
-Use this option to repair severely damaged HEIC. 
-Click Next to add a &apos; sample HEIC </translation>
+Use this option to repair severely damaged HEICs. 
+Click Next to add a &apos;sample HEIC </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
-        <translation> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</translation>
+        <translation> of the same format. The sample and the damaged HEIC remain unchanged during the repair process.</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation>&apos;</translation>
     </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
     <message>
         <source>Advance Repair</source>
-        <translation>Advance Repair</translation>
+        <translation>Advanced Repair</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -100,11 +105,11 @@ Click Next to add a &apos; sample HEIC </translation>
     </message>
     <message>
         <source>File Name :</source>
-        <translation>File Name :</translation>
+        <translation>File Name:</translation>
     </message>
     <message>
         <source>Rename to :</source>
-        <translation>Rename to :</translation>
+        <translation>Rename to:</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -140,8 +145,8 @@ Click Next to add a &apos; sample HEIC </translation>
     <message>
         <source>This action will clear repair results.
 Do you want to go back to previous screen?</source>
-        <translation>This action will clear repair results.
-Do you want to go back to previous screen?</translation>
+        <translation>This action will clear the repair results.
+Do you want to go back to the previous screen?</translation>
     </message>
     <message>
         <source>Yes</source>
@@ -156,7 +161,7 @@ Do you want to go back to previous screen?</translation>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>Selected destination path is read-only (restricted by the operating system</translation>
+        <translation>The selected destination path is read-only (restricted by the operating system). </translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -216,19 +221,19 @@ Do you want to go back to previous screen?</translation>
     </message>
     <message>
         <source> Size(KB)</source>
-        <translation> Size(KB)</translation>
+        <translation> Size (KB)</translation>
     </message>
     <message>
         <source>Modified date</source>
-        <translation>Modified date</translation>
+        <translation>Modified Date</translation>
     </message>
     <message>
         <source>Created date</source>
-        <translation>Created date</translation>
+        <translation>Created Date</translation>
     </message>
     <message>
         <source>File name already added to list.</source>
-        <translation>File name already added to list.</translation>
+        <translation>This file is already in the list.</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -325,7 +330,7 @@ Do you want to go back to previous screen?</translation>
     </message>
     <message>
         <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </source>
-        <translation>Click on the &apos;Save Repaired Files&apos; to save all your repaired photos. Click the file to preview it. </translation>
+        <translation>Click on &apos;Save Repaired Files&apos; to save all your repaired photos. Click a file to preview it. </translation>
     </message>
     <message>
         <source>Repair process completed.</source>
@@ -333,7 +338,7 @@ Do you want to go back to previous screen?</translation>
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation>Advance Repair</translation>
+        <translation>Advanced Repair</translation>
     </message>
     <message>
         <source>Aborted</source>
@@ -361,11 +366,11 @@ Do you want to go back to previous screen?</translation>
     </message>
     <message>
         <source>Advance repair</source>
-        <translation>Advance repair</translation>
+        <translation>Advanced Repair</translation>
     </message>
     <message>
         <source>Repairing Selected photos</source>
-        <translation>Repairing Selected photos</translation>
+        <translation>Repairing selected photos</translation>
     </message>
     <message>
         <source>This may take a while, depending on the number of photos and their file size. Please wait while the process is completed.</source>
@@ -389,7 +394,7 @@ Do you want to go back to previous screen?</translation>
     </message>
     <message>
         <source>Repairing File : </source>
-        <translation>Repairing File : </translation>
+        <translation>Repairing file: </translation>
     </message>
     <message>
         <source>Select Folder</source>
@@ -424,7 +429,7 @@ Do you want to go back to previous screen?</translation>
     </message>
     <message>
         <source>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</source>
-        <translation>Click on &quot;Add File&quot; to add corrupt JPEG files for repair.You can also simply &quot;Drag &amp; Drop&quot; them in space above.</translation>
+        <translation>Click on &quot;Add&quot; to add corrupt JPEG files for repair. You can also simply &quot;Drag &amp; Drop&quot; them in the space above.</translation>
     </message>
     <message>
         <source>Add</source>
@@ -573,8 +578,8 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>Repair process completed.
 
-Thumbnails are listed as &apos;filename_Tx&apos; if available.
-Thumbnails are small sized images of large JPEGs.</translation>
+Thumbnails are listed as &apos;filename_[Tx]&apos; if available.
+Thumbnails are small-sized images of large JPEGs.</translation>
     </message>
     <message>
         <source>OK</source>
@@ -622,15 +627,15 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
     <message>
         <source>Folder Exist</source>
-        <translation>Folder Exist</translation>
+        <translation>Folder Exists</translation>
     </message>
     <message>
         <source>Folder Name : </source>
-        <translation>Folder Name : </translation>
+        <translation>Folder Name: </translation>
     </message>
     <message>
         <source>Rename to : </source>
-        <translation>Rename to : </translation>
+        <translation>Rename to: </translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -649,7 +654,7 @@ Thumbnails are small sized images of large JPEGs.</translation>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>Reading the picture ...</translation>
+        <translation>Reading the picture...</translation>
     </message>
     <message>
         <source>Smaller</source>
@@ -801,7 +806,7 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> MB of  </translation>
+        <translation> MB of </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -825,7 +830,7 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>seconds to few minutes </translation>
+        <translation>seconds to a few minutes </translation>
     </message>
 </context>
 <context>
@@ -836,11 +841,11 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
-        <translation>Add a sample HEIC :</translation>
+        <translation>Add a sample HEIC:</translation>
     </message>
     <message>
         <source>Add a sample JPEG :</source>
-        <translation>Add a sample JPEG :</translation>
+        <translation>Add a sample JPEG:</translation>
     </message>
     <message>
         <source>Images</source>
@@ -851,11 +856,11 @@ Thumbnails are small sized images of large JPEGs.</translation>
     <name>ReferenceFileDlgObj</name>
     <message>
         <source>Advance Repair</source>
-        <translation>Advance Repair</translation>
+        <translation>Advanced Repair</translation>
     </message>
     <message>
         <source>Add a sample JPEG :</source>
-        <translation>Add a sample JPEG :</translation>
+        <translation>Add a sample JPEG:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -863,7 +868,7 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
     <message>
         <source> Apply to all files of same format.</source>
-        <translation> Apply to all files of same format.</translation>
+        <translation> Apply to all files of the same format.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -1048,6 +1053,18 @@ Thumbnails are small sized images of large JPEGs.</translation>
         <source>Salvaged: %1 (%2)</source>
         <translation>Salvaged: %1 (%2)</translation>
     </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>It opens as it is.</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>The file holds no picture data.</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>The sample doesn&apos;t fit this file.</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1057,7 +1074,7 @@ Thumbnails are small sized images of large JPEGs.</translation>
     </message>
     <message>
         <source>Important marker missing. File can&apos;t repaire.</source>
-        <translation>Important marker missing. File can&apos;t repaire.</translation>
+        <translation>An important marker is missing. The file can&apos;t be repaired.</translation>
     </message>
     <message>
         <source>No Thumbnail found</source>

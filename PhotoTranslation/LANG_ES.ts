@@ -57,7 +57,7 @@ repair process.</source>
         <translation>Reparación avanzada
 
 Use esta opción para reparar JPEG muy dañados. 
-Haga clic en Siguiente para añadir un &apos;JPEG de muestra&apos; 
+Haga clic en «Siguiente» para añadir un «JPEG de muestra» 
 del mismo formato, tomado con el mismo dispositivo. 
 La muestra y los JPEG dañados 
 no se modifican.</translation>
@@ -70,11 +70,16 @@ Click Next to add a &apos; sample HEIC </source>
         <translation>Reparación avanzada
 
 Use esta opción para reparar HEIC muy dañados. 
-Haga clic en Siguiente para añadir un &apos; HEIC de muestra </translation>
+Haga clic en «Siguiente» para añadir un «HEIC de muestra </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
         <translation> del mismo formato. La muestra y el HEIC dañado no se modifican durante la reparación.</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation>»</translation>
     </message>
 </context>
 <context>
@@ -96,7 +101,7 @@ Haga clic en Siguiente para añadir un &apos; HEIC de muestra </translation>
     <name>AlreadyExistFileDlgObj</name>
     <message>
         <source>File Exists</source>
-        <translation>El archivo ya existe</translation>
+        <translation>Archivo existente</translation>
     </message>
     <message>
         <source>File Name :</source>
@@ -135,7 +140,7 @@ Haga clic en Siguiente para añadir un &apos; HEIC de muestra </translation>
     <name>BackApplicationDlgObj</name>
     <message>
         <source>Back</source>
-        <translation>Atrás</translation>
+        <translation>Regreso</translation>
     </message>
     <message>
         <source>This action will clear repair results.
@@ -156,7 +161,7 @@ Do you want to go back to previous screen?</source>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>La carpeta de destino elegida es de solo lectura (restringida por el sistema operativo</translation>
+        <translation>La carpeta de destino elegida es de solo lectura (restringida por el sistema operativo). </translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -184,7 +189,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Select one or more files to open</source>
-        <translation>Seleccione uno o varios archivos para abrir</translation>
+        <translation>Selección de los archivos</translation>
     </message>
     <message>
         <source>  File Name</source>
@@ -393,7 +398,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation>Seleccionar carpeta</translation>
+        <translation>Selección de la carpeta</translation>
     </message>
     <message>
         <source>Images</source>
@@ -401,19 +406,19 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
-        <translation>Examina más a fondo las fotos JPEG dañadas. Algunas partes de una imagen recuperada pueden ser una conjetura.</translation>
+        <translation>Examina más a fondo las fotos JPEG dañadas. Algunas partes de una imagen rescatada pueden ser una conjetura.</translation>
     </message>
     <message>
         <source>&amp;Deep salvage</source>
-        <translation>Recuperación &amp;profunda</translation>
+        <translation>Rescate &amp;profundo</translation>
     </message>
     <message>
         <source>Deep salvage: </source>
-        <translation>Recuperación profunda: </translation>
+        <translation>Rescate profundo: </translation>
     </message>
     <message>
         <source>Salvaged</source>
-        <translation>Recuperado</translation>
+        <translation>Rescatado</translation>
     </message>
 </context>
 <context>
@@ -432,7 +437,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Remove Files</source>
-        <translation>Quitar archivos</translation>
+        <translation>Quitar de la lista</translation>
     </message>
     <message>
         <source>Repair</source>
@@ -519,14 +524,14 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>The new version can&apos;t be put in place: %1</source>
-        <translation>No se puede colocar la nueva versión: %1</translation>
+        <translation>No se puede instalar la nueva versión: %1</translation>
     </message>
 </context>
 <context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation>Actualizar</translation>
+        <translation>Actualización</translation>
     </message>
     <message>
         <source>Looking for a new version...</source>
@@ -545,7 +550,7 @@ Do you want to go back to previous screen?</source>
     <name>CloseApplicationDlgObj</name>
     <message>
         <source>Exit</source>
-        <translation>Salir</translation>
+        <translation>Salida</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
@@ -564,7 +569,7 @@ Do you want to go back to previous screen?</source>
     <name>CompletionMsgObj</name>
     <message>
         <source>Repair Complete</source>
-        <translation>Reparación terminada</translation>
+        <translation>Fin de la reparación</translation>
     </message>
     <message>
         <source>Repair process completed.
@@ -573,7 +578,7 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>Reparación terminada.
 
-Las miniaturas, si las hay, aparecen como &apos;archivo_Tx&apos;.
+Las miniaturas, si las hay, aparecen como «archivo_[Tx]».
 Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
@@ -592,7 +597,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <name>DownloadApp</name>
     <message>
         <source>Update</source>
-        <translation>Actualizar</translation>
+        <translation>Actualización</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -611,18 +616,18 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <name>DrgDrp</name>
     <message>
         <source>Remove Files</source>
-        <translation>Quitar archivos</translation>
+        <translation>Quitar de la lista</translation>
     </message>
 </context>
 <context>
     <name>FolderExistObj</name>
     <message>
         <source>Folder Exists</source>
-        <translation>La carpeta ya existe</translation>
+        <translation>Carpeta existente</translation>
     </message>
     <message>
         <source>Folder Exist</source>
-        <translation>La carpeta ya existe</translation>
+        <translation>Carpeta existente</translation>
     </message>
     <message>
         <source>Folder Name : </source>
@@ -649,7 +654,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>Leyendo la imagen ...</translation>
+        <translation>Leyendo la imagen...</translation>
     </message>
     <message>
         <source>Smaller</source>
@@ -801,7 +806,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> MB de  </translation>
+        <translation> MB de </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -825,14 +830,14 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>segundos a unos minutos </translation>
+        <translation>segundos a unos minutos. </translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Add File</source>
-        <translation>Añadir archivo</translation>
+        <translation>Selección de la muestra</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
@@ -970,7 +975,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
         <source>text transfer undone</source>
-        <translation>transferencia de texto deshecha</translation>
+        <translation>efectos de una transferencia en modo texto deshechos</translation>
     </message>
     <message>
         <source>picture data found</source>
@@ -978,7 +983,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
         <source>frame mended</source>
-        <translation>descripción de la imagen corregida</translation>
+        <translation>cabecera de la imagen corregida</translation>
     </message>
     <message>
         <source>restart interval found</source>
@@ -1034,19 +1039,31 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
         <source>The file is too large for deep salvage.</source>
-        <translation>El archivo es demasiado grande para la recuperación profunda.</translation>
+        <translation>El archivo es demasiado grande para el rescate profundo.</translation>
     </message>
     <message>
         <source>Deep salvage found nothing better.</source>
-        <translation>La recuperación profunda no encontró nada mejor.</translation>
+        <translation>El rescate profundo no encontró nada mejor.</translation>
     </message>
     <message>
         <source>Salvaged (%1)</source>
-        <translation>Recuperado (%1)</translation>
+        <translation>Rescatado (%1)</translation>
     </message>
     <message>
         <source>Salvaged: %1 (%2)</source>
-        <translation>Recuperado: %1 (%2)</translation>
+        <translation>Rescatado: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>El archivo se abre tal como está.</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>El archivo no contiene datos de imagen.</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>La muestra no es adecuada para este archivo.</translation>
     </message>
 </context>
 <context>
@@ -1084,7 +1101,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
-        <translation>Guardado terminado</translation>
+        <translation>Fin del guardado</translation>
     </message>
     <message>
         <source>Image(s) saved successfully.</source>
@@ -1133,7 +1150,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
-        <translation>Detener reparación</translation>
+        <translation>Detención de la reparación</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>

@@ -57,7 +57,7 @@ repair process.</source>
         <translation>Réparation avancée
 
 Cette option répare les JPEG gravement endommagés. 
-Cliquez sur Suivant pour ajouter un &apos;JPEG exemple&apos; 
+Cliquez sur «&#xa0;Suivant&#xa0;» pour ajouter un «&#xa0;JPEG exemple&#xa0;» 
 du même format, pris avec le même appareil. 
 L’exemple et les JPEG endommagés 
 restent inchangés.</translation>
@@ -70,11 +70,16 @@ Click Next to add a &apos; sample HEIC </source>
         <translation>Réparation avancée
 
 Cette option répare les HEIC gravement endommagés. 
-Cliquez sur Suivant pour ajouter un &apos; HEIC exemple </translation>
+Cliquez sur «&#xa0;Suivant&#xa0;» pour ajouter un «&#xa0;HEIC exemple </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
         <translation> du même format. L’exemple et le HEIC endommagé restent inchangés pendant la réparation.</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation> »</translation>
     </message>
 </context>
 <context>
@@ -156,7 +161,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>Le dossier de destination choisi est en lecture seule (restreint par le système d’exploitation</translation>
+        <translation>Le dossier de destination choisi est en lecture seule (restreint par le système d’exploitation). </translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -184,7 +189,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>Select one or more files to open</source>
-        <translation>Sélectionnez un ou plusieurs fichiers à ouvrir</translation>
+        <translation>Choix des fichiers à ouvrir</translation>
     </message>
     <message>
         <source>  File Name</source>
@@ -393,7 +398,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation>Choisir un dossier</translation>
+        <translation>Choix du dossier</translation>
     </message>
     <message>
         <source>Images</source>
@@ -401,19 +406,19 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
-        <translation>Examine plus à fond les photos JPEG endommagées. Certaines parties d’une image récupérée peuvent être devinées.</translation>
+        <translation>Examine plus à fond les photos JPEG endommagées. Certaines parties d’une image issue du sauvetage peuvent être devinées.</translation>
     </message>
     <message>
         <source>&amp;Deep salvage</source>
-        <translation>Ré&amp;cupération approfondie</translation>
+        <translation>Sau&amp;vetage approfondi</translation>
     </message>
     <message>
         <source>Deep salvage: </source>
-        <translation>Récupération approfondie&#xa0;: </translation>
+        <translation>Sauvetage approfondi&#xa0;: </translation>
     </message>
     <message>
         <source>Salvaged</source>
-        <translation>Récupéré</translation>
+        <translation>Sauvetage</translation>
     </message>
 </context>
 <context>
@@ -432,7 +437,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>Remove Files</source>
-        <translation>Retirer des fichiers</translation>
+        <translation>Retirer de la liste</translation>
     </message>
     <message>
         <source>Repair</source>
@@ -440,7 +445,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation>Mise à jour</translation>
+        <translation>Mettre à jour</translation>
     </message>
     <message>
         <source>Select All</source>
@@ -511,7 +516,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
     <message>
         <source>This program is installed where you can&apos;t change it. Its update comes from who installed it.</source>
-        <translation>Le programme est installé là où vous ne pouvez pas le modifier. Sa mise à jour vient de qui l’a installé.</translation>
+        <translation>Le programme est installé là où vous ne pouvez pas le modifier. La mise à jour revient à la personne qui l’a installé.</translation>
     </message>
     <message>
         <source>The update doesn&apos;t hold the program.</source>
@@ -545,7 +550,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     <name>CloseApplicationDlgObj</name>
     <message>
         <source>Exit</source>
-        <translation>Quitter</translation>
+        <translation>Fermeture</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
@@ -564,7 +569,7 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     <name>CompletionMsgObj</name>
     <message>
         <source>Repair Complete</source>
-        <translation>Réparation terminée</translation>
+        <translation>Fin de la réparation</translation>
     </message>
     <message>
         <source>Repair process completed.
@@ -573,7 +578,7 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>La réparation est terminée.
 
-Les miniatures éventuelles figurent sous &apos;nomdefichier_Tx&apos;.
+Les miniatures éventuelles figurent sous «&#xa0;nomdefichier_[Tx]&#xa0;».
 Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
@@ -611,7 +616,7 @@ Ce sont de petites images des grands JPEG.</translation>
     <name>DrgDrp</name>
     <message>
         <source>Remove Files</source>
-        <translation>Retirer des fichiers</translation>
+        <translation>Retirer de la liste</translation>
     </message>
 </context>
 <context>
@@ -649,7 +654,7 @@ Ce sont de petites images des grands JPEG.</translation>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>Lecture de l’image ...</translation>
+        <translation>Lecture de l’image...</translation>
     </message>
     <message>
         <source>Smaller</source>
@@ -736,7 +741,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>the decoder broke off: the file is damaged, or asks for too much</source>
-        <translation>le décodeur s’est interrompu&#xa0;: le fichier est endommagé ou exige trop</translation>
+        <translation>le décodeur s’est interrompu&#xa0;: le fichier est endommagé ou demande trop de ressources</translation>
     </message>
     <message>
         <source>a box that describes the picture is broken</source>
@@ -801,7 +806,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> Mo sur  </translation>
+        <translation> Mo sur </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -825,14 +830,14 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>quelques secondes à quelques minutes </translation>
+        <translation>quelques secondes à quelques minutes. </translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Add File</source>
-        <translation>Ajouter un fichier</translation>
+        <translation>Choix de l’exemple</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
@@ -970,7 +975,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>text transfer undone</source>
-        <translation>transfert en mode texte annulé</translation>
+        <translation>effets d’un transfert en mode texte annulés</translation>
     </message>
     <message>
         <source>picture data found</source>
@@ -978,7 +983,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>frame mended</source>
-        <translation>description de l’image corrigée</translation>
+        <translation>en-tête de l’image corrigé</translation>
     </message>
     <message>
         <source>restart interval found</source>
@@ -1010,7 +1015,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>hit bytes repaired</source>
-        <translation>octets touchés réparés</translation>
+        <translation>octets endommagés réparés</translation>
     </message>
     <message>
         <source>restart intervals put in place</source>
@@ -1034,19 +1039,31 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>The file is too large for deep salvage.</source>
-        <translation>Le fichier est trop volumineux pour la récupération approfondie.</translation>
+        <translation>Le fichier est trop volumineux pour le sauvetage approfondi.</translation>
     </message>
     <message>
         <source>Deep salvage found nothing better.</source>
-        <translation>La récupération approfondie n’a rien trouvé de mieux.</translation>
+        <translation>Le sauvetage approfondi n’a rien trouvé de mieux.</translation>
     </message>
     <message>
         <source>Salvaged (%1)</source>
-        <translation>Récupéré (%1)</translation>
+        <translation>Sauvetage (%1)</translation>
     </message>
     <message>
         <source>Salvaged: %1 (%2)</source>
-        <translation>Récupéré&#xa0;: %1 (%2)</translation>
+        <translation>Sauvetage&#xa0;: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>Le fichier s’ouvre tel quel.</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>Le fichier ne contient aucune donnée d’image.</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>L’exemple ne convient pas à ce fichier.</translation>
     </message>
 </context>
 <context>
@@ -1084,7 +1101,7 @@ Ce sont de petites images des grands JPEG.</translation>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
-        <translation>Enregistrement terminé</translation>
+        <translation>Fin de l’enregistrement</translation>
     </message>
     <message>
         <source>Image(s) saved successfully.</source>
@@ -1133,7 +1150,7 @@ Ce sont de petites images des grands JPEG.</translation>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
-        <translation>Arrêter la réparation</translation>
+        <translation>Arrêt de la réparation</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>

@@ -57,7 +57,7 @@ repair process.</source>
         <translation>Riparazione avanzata
 
 Usare questa opzione per i JPEG gravemente danneggiati. 
-Fare clic su Avanti per aggiungere un &apos;JPEG campione&apos; 
+Fare clic su “Avanti” per aggiungere un “JPEG campione” 
 dello stesso formato, scattato con lo stesso dispositivo. 
 Il campione e i JPEG danneggiati 
 restano invariati.</translation>
@@ -70,11 +70,16 @@ Click Next to add a &apos; sample HEIC </source>
         <translation>Riparazione avanzata
 
 Usare questa opzione per gli HEIC gravemente danneggiati. 
-Fare clic su Avanti per aggiungere un &apos; HEIC campione </translation>
+Fare clic su “Avanti” per aggiungere un “HEIC campione </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
         <translation> dello stesso formato. Il campione e l’HEIC danneggiato restano invariati durante la riparazione.</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation>”</translation>
     </message>
 </context>
 <context>
@@ -135,7 +140,7 @@ Fare clic su Avanti per aggiungere un &apos; HEIC campione </translation>
     <name>BackApplicationDlgObj</name>
     <message>
         <source>Back</source>
-        <translation>Indietro</translation>
+        <translation>Ritorno</translation>
     </message>
     <message>
         <source>This action will clear repair results.
@@ -156,7 +161,7 @@ Tornare alla schermata precedente?</translation>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>La cartella di destinazione scelta è di sola lettura (limitata dal sistema operativo</translation>
+        <translation>La cartella di destinazione scelta è di sola lettura (limitata dal sistema operativo). </translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -184,7 +189,7 @@ Tornare alla schermata precedente?</translation>
     </message>
     <message>
         <source>Select one or more files to open</source>
-        <translation>Selezionare uno o più file da aprire</translation>
+        <translation>Scelta dei file da aprire</translation>
     </message>
     <message>
         <source>  File Name</source>
@@ -393,7 +398,7 @@ Tornare alla schermata precedente?</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation>Seleziona cartella</translation>
+        <translation>Scelta della cartella</translation>
     </message>
     <message>
         <source>Images</source>
@@ -401,19 +406,19 @@ Tornare alla schermata precedente?</translation>
     </message>
     <message>
         <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
-        <translation>Esamina più a fondo le foto JPEG danneggiate. Alcune parti di un’immagine recuperata possono essere supposte.</translation>
+        <translation>Esamina più a fondo le foto JPEG danneggiate. Alcune parti di un’immagine restaurata possono essere supposte.</translation>
     </message>
     <message>
         <source>&amp;Deep salvage</source>
-        <translation>Re&amp;cupero approfondito</translation>
+        <translation>Restauro appro&amp;fondito</translation>
     </message>
     <message>
         <source>Deep salvage: </source>
-        <translation>Recupero approfondito: </translation>
+        <translation>Restauro approfondito: </translation>
     </message>
     <message>
         <source>Salvaged</source>
-        <translation>Recuperato</translation>
+        <translation>Restaurato</translation>
     </message>
 </context>
 <context>
@@ -432,7 +437,7 @@ Tornare alla schermata precedente?</translation>
     </message>
     <message>
         <source>Remove Files</source>
-        <translation>Rimuovi file</translation>
+        <translation>Togli dall’elenco</translation>
     </message>
     <message>
         <source>Repair</source>
@@ -519,14 +524,14 @@ Tornare alla schermata precedente?</translation>
     </message>
     <message>
         <source>The new version can&apos;t be put in place: %1</source>
-        <translation>Impossibile mettere in uso la nuova versione: %1</translation>
+        <translation>Impossibile installare la nuova versione: %1</translation>
     </message>
 </context>
 <context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation>Aggiorna</translation>
+        <translation>Aggiornamento</translation>
     </message>
     <message>
         <source>Looking for a new version...</source>
@@ -545,7 +550,7 @@ Tornare alla schermata precedente?</translation>
     <name>CloseApplicationDlgObj</name>
     <message>
         <source>Exit</source>
-        <translation>Esci</translation>
+        <translation>Uscita</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
@@ -564,7 +569,7 @@ Tornare alla schermata precedente?</translation>
     <name>CompletionMsgObj</name>
     <message>
         <source>Repair Complete</source>
-        <translation>Riparazione completata</translation>
+        <translation>Fine della riparazione</translation>
     </message>
     <message>
         <source>Repair process completed.
@@ -573,7 +578,7 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>Riparazione completata.
 
-Le miniature, se presenti, sono elencate come &apos;nomefile_Tx&apos;.
+Le miniature, se presenti, sono elencate come “nomefile_[Tx]”.
 Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
@@ -592,7 +597,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     <name>DownloadApp</name>
     <message>
         <source>Update</source>
-        <translation>Aggiorna</translation>
+        <translation>Aggiornamento</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -611,7 +616,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     <name>DrgDrp</name>
     <message>
         <source>Remove Files</source>
-        <translation>Rimuovi file</translation>
+        <translation>Togli dall’elenco</translation>
     </message>
 </context>
 <context>
@@ -649,7 +654,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>Lettura dell’immagine ...</translation>
+        <translation>Lettura dell’immagine...</translation>
     </message>
     <message>
         <source>Smaller</source>
@@ -801,7 +806,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> MB di  </translation>
+        <translation> MB di </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -825,22 +830,22 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>secondi a pochi minuti </translation>
+        <translation>secondi a pochi minuti. </translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Add File</source>
-        <translation>Aggiungi file</translation>
+        <translation>Scelta del campione</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
-        <translation>Aggiungi un HEIC campione:</translation>
+        <translation>Aggiungere un HEIC campione:</translation>
     </message>
     <message>
         <source>Add a sample JPEG :</source>
-        <translation>Aggiungi un JPEG campione:</translation>
+        <translation>Aggiungere un JPEG campione:</translation>
     </message>
     <message>
         <source>Images</source>
@@ -855,7 +860,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source>Add a sample JPEG :</source>
-        <translation>Aggiungi un JPEG campione:</translation>
+        <translation>Aggiungere un JPEG campione:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -970,7 +975,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source>text transfer undone</source>
-        <translation>trasferimento di testo annullato</translation>
+        <translation>effetti di un trasferimento in modalità testo corretti</translation>
     </message>
     <message>
         <source>picture data found</source>
@@ -978,7 +983,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source>frame mended</source>
-        <translation>descrizione dell’immagine corretta</translation>
+        <translation>intestazione dell’immagine corretta</translation>
     </message>
     <message>
         <source>restart interval found</source>
@@ -1010,7 +1015,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source>hit bytes repaired</source>
-        <translation>byte colpiti riparati</translation>
+        <translation>byte danneggiati riparati</translation>
     </message>
     <message>
         <source>restart intervals put in place</source>
@@ -1034,19 +1039,31 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
     <message>
         <source>The file is too large for deep salvage.</source>
-        <translation>Il file è troppo grande per il recupero approfondito.</translation>
+        <translation>Il file è troppo grande per il restauro approfondito.</translation>
     </message>
     <message>
         <source>Deep salvage found nothing better.</source>
-        <translation>Il recupero approfondito non ha trovato nulla di meglio.</translation>
+        <translation>Il restauro approfondito non ha trovato nulla di meglio.</translation>
     </message>
     <message>
         <source>Salvaged (%1)</source>
-        <translation>Recuperato (%1)</translation>
+        <translation>Restaurato (%1)</translation>
     </message>
     <message>
         <source>Salvaged: %1 (%2)</source>
-        <translation>Recuperato: %1 (%2)</translation>
+        <translation>Restaurato: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>Il file si apre così com’è.</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>Il file non contiene dati di immagine.</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>Il campione non è adatto a questo file.</translation>
     </message>
 </context>
 <context>
@@ -1084,7 +1101,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
-        <translation>Salvataggio completato</translation>
+        <translation>Fine del salvataggio</translation>
     </message>
     <message>
         <source>Image(s) saved successfully.</source>
@@ -1133,7 +1150,7 @@ Sono piccole immagini di JPEG grandi.</translation>
     <name>StopDlgObj</name>
     <message>
         <source>Stop Repair</source>
-        <translation>Interrompi riparazione</translation>
+        <translation>Interruzione della riparazione</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>

@@ -70,11 +70,16 @@ Click Next to add a &apos; sample HEIC </source>
         <translation>高度な修復
 
 損傷のひどい HEIC を修復します。 
-［次へ］をクリックして追加してください: &apos; サンプル HEIC </translation>
+［次へ］をクリックし、同じ形式の「サンプル HEIC </translation>
     </message>
     <message>
         <source> of the same format.The sample and the damaged HEIC remain unchanged during repair process.</source>
-        <translation> （同じ形式）。修復中、サンプルと壊れた HEIC は変更されません。</translation>
+        <translation>を追加してください。修復中、サンプルと壊れた HEIC は変更されません。</translation>
+    </message>
+    <message>
+        <source> &apos;</source>
+        <comment>closes the quotation of the sample&apos;s kind</comment>
+        <translation>」</translation>
     </message>
 </context>
 <context>
@@ -96,7 +101,7 @@ Click Next to add a &apos; sample HEIC </source>
     <name>AlreadyExistFileDlgObj</name>
     <message>
         <source>File Exists</source>
-        <translation>ファイルが存在します</translation>
+        <translation>同名のファイル</translation>
     </message>
     <message>
         <source>File Name :</source>
@@ -135,7 +140,7 @@ Click Next to add a &apos; sample HEIC </source>
     <name>BackApplicationDlgObj</name>
     <message>
         <source>Back</source>
-        <translation>戻る</translation>
+        <translation>前の画面への移動</translation>
     </message>
     <message>
         <source>This action will clear repair results.
@@ -156,7 +161,7 @@ Do you want to go back to previous screen?</source>
     <name>BrowseRepair</name>
     <message>
         <source>Selected destination path is read-only (restricted by the operating system</source>
-        <translation>選択した保存先は読み取り専用です（オペレーティングシステムによる制限</translation>
+        <translation>選択した保存先は読み取り専用です（オペレーティングシステムによる制限）。</translation>
     </message>
     <message>
         <source>Select a different location to proceed.</source>
@@ -184,7 +189,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Select one or more files to open</source>
-        <translation>開くファイルを 1 つ以上選択</translation>
+        <translation>開くファイルの選択</translation>
     </message>
     <message>
         <source>  File Name</source>
@@ -393,7 +398,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation>フォルダーを選択</translation>
+        <translation>フォルダーの選択</translation>
     </message>
     <message>
         <source>Images</source>
@@ -401,7 +406,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.</source>
-        <translation>壊れた JPEG 写真をより詳しく調べます。救い出した画像の一部は推測によることがあります。</translation>
+        <translation>壊れた JPEG 写真をより詳しく調べます。サルベージした画像の一部は推測によることがあります。</translation>
     </message>
     <message>
         <source>&amp;Deep salvage</source>
@@ -432,7 +437,7 @@ Do you want to go back to previous screen?</source>
     </message>
     <message>
         <source>Remove Files</source>
-        <translation>ファイルを削除</translation>
+        <translation>リストから外す</translation>
     </message>
     <message>
         <source>Repair</source>
@@ -573,7 +578,7 @@ Thumbnails are listed as &apos;filename_Tx&apos; if available.
 Thumbnails are small sized images of large JPEGs.</source>
         <translation>修復が完了しました。
 
-サムネイルがある場合は &apos;filename_Tx&apos; と表示されます。
+サムネイルがある場合は「ファイル名_[Tx]」と表示されます。
 サムネイルは大きな JPEG の小さな画像です。</translation>
     </message>
     <message>
@@ -611,18 +616,18 @@ Thumbnails are small sized images of large JPEGs.</source>
     <name>DrgDrp</name>
     <message>
         <source>Remove Files</source>
-        <translation>ファイルを削除</translation>
+        <translation>リストから外す</translation>
     </message>
 </context>
 <context>
     <name>FolderExistObj</name>
     <message>
         <source>Folder Exists</source>
-        <translation>フォルダーが存在します</translation>
+        <translation>同名のフォルダー</translation>
     </message>
     <message>
         <source>Folder Exist</source>
-        <translation>フォルダーが存在します</translation>
+        <translation>同名のフォルダー</translation>
     </message>
     <message>
         <source>Folder Name : </source>
@@ -649,7 +654,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     <name>HeicPanel</name>
     <message>
         <source>Reading the picture ...</source>
-        <translation>画像を読み込んでいます ...</translation>
+        <translation>画像を読み込んでいます...</translation>
     </message>
     <message>
         <source>Smaller</source>
@@ -801,7 +806,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source> MB of  </source>
-        <translation> MB /  </translation>
+        <translation> MB / </translation>
     </message>
     <message>
         <source> MB copied) </source>
@@ -821,18 +826,18 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>Please wait as this process will take several </source>
-        <translation>しばらくお待ちください。この処理には </translation>
+        <translation>しばらくお待ちください。この処理には</translation>
     </message>
     <message>
         <source>seconds to few minutes </source>
-        <translation>数秒から数分かかります </translation>
+        <translation>数秒から数分かかります。</translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Add File</source>
-        <translation>ファイルを追加</translation>
+        <translation>サンプルの選択</translation>
     </message>
     <message>
         <source>Add a sample HEIC :</source>
@@ -902,7 +907,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>its index was written anew</source>
-        <translation>索引を書き直しました</translation>
+        <translation>索引を書き直し</translation>
     </message>
     <message>
         <source>The file can&apos;t be read.</source>
@@ -970,7 +975,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>text transfer undone</source>
-        <translation>テキスト転送を元に戻しました</translation>
+        <translation>テキストモード転送の影響を除去</translation>
     </message>
     <message>
         <source>picture data found</source>
@@ -978,7 +983,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>frame mended</source>
-        <translation>フレーム情報を修正</translation>
+        <translation>フレームヘッダーを修正</translation>
     </message>
     <message>
         <source>restart interval found</source>
@@ -1047,6 +1052,18 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>Salvaged: %1 (%2)</source>
         <translation>サルベージ: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>It opens as it is.</source>
+        <translation>このファイルはそのまま開けます。</translation>
+    </message>
+    <message>
+        <source>The file holds no picture data.</source>
+        <translation>このファイルには画像データがありません。</translation>
+    </message>
+    <message>
+        <source>The sample doesn&apos;t fit this file.</source>
+        <translation>サンプルがこのファイルに合いません。</translation>
     </message>
 </context>
 <context>

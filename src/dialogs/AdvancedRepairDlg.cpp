@@ -35,7 +35,7 @@ QString AdvancedRepairDlg::jpegText()
 QString AdvancedRepairDlg::heicText(const QString &kind)
 {
     return tr("Advance Repair\n\nUse this option to repair severely damaged HEIC. \nClick Next to add a ' sample HEIC ")
-        + kind + " '"
+        + kind + tr(" '", "closes the quotation of the sample's kind")
         + tr(" of the same format.The sample and the damaged HEIC remain unchanged during repair process.");
 }
 
