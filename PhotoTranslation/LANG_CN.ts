@@ -420,6 +420,22 @@ Do you want to go back to previous screen?</source>
         <source>Salvaged</source>
         <translation>已抢救</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>详细信息</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1：已跳过</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>已保存 %1 个文件，共 %2 个。</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>尚未保存、将会丢失的结果：%1</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -1064,6 +1080,30 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>样本与此文件不匹配。</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>只有图像块，没有程序能打开。同一相机的样本可能有帮助。</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>深度抢救或许能找回更多内容。</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>图像完整。</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>只有图像的一部分（约 %1 %）。</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>图像存疑：其中某些部分可能不对。</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>其内容的格式与文件名不符：%1。</translation>
     </message>
 </context>
 <context>

@@ -420,6 +420,22 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
         <source>Salvaged</source>
         <translation>Gerettet</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: übersprungen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%1 von %2 Dateien wurden gespeichert.</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>Ergebnisse, die nicht gespeichert sind und verloren gingen: %1</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -1064,6 +1080,30 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>Das Beispiel passt nicht zu dieser Datei.</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>Nur die Bildkacheln sind da, die kein Programm öffnet. Ein Beispiel derselben Kamera kann helfen.</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>Die Tiefenrettung kann mehr zurückbringen.</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>Das Bild ist vollständig.</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>Nur ein Teil des Bildes ist da (etwa %1 %).</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>Das Bild ist zweifelhaft: Teile davon können falsch sein.</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>Ihre Bytes sind von einem anderen Format, als ihr Name sagt: %1.</translation>
     </message>
 </context>
 <context>

@@ -420,6 +420,22 @@ Do you want to go back to the previous screen?</translation>
         <source>Salvaged</source>
         <translation>Salvaged</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: skipped</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%1 of %2 files were saved.</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>Results that have not been saved and would be lost: %1</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -1064,6 +1080,30 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>The sample doesn&apos;t fit this file.</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>Deep salvage may bring back more.</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>The picture is whole.</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>Only part of the picture is there (about %1 %).</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>The picture is doubtful: parts of it may be wrong.</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>Its bytes are of another format than its name says: %1.</translation>
     </message>
 </context>
 <context>

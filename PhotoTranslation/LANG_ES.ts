@@ -420,6 +420,22 @@ Do you want to go back to previous screen?</source>
         <source>Salvaged</source>
         <translation>Rescatado</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>Detalles</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: omitido</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>Se guardaron %1 de %2 archivos.</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>Resultados sin guardar que se perderían: %1</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -1064,6 +1080,30 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>La muestra no es adecuada para este archivo.</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>Solo están los mosaicos de la imagen, que nada abre. Una muestra de la misma cámara puede ayudar.</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>El rescate profundo puede recuperar más.</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>La imagen está completa.</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>Solo está una parte de la imagen (alrededor del %1 %).</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>La imagen es dudosa: algunas partes pueden estar mal.</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>Sus bytes son de un formato distinto del que dice su nombre: %1.</translation>
     </message>
 </context>
 <context>

@@ -79,7 +79,7 @@ Cliquez sur «&#xa0;Suivant&#xa0;» pour ajouter un «&#xa0;HEIC exemple </trans
     <message>
         <source> &apos;</source>
         <comment>closes the quotation of the sample&apos;s kind</comment>
-        <translation> »</translation>
+        <translation>&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -419,6 +419,22 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     <message>
         <source>Salvaged</source>
         <translation>Sauvetage</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Détails</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1&#xa0;: ignoré</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%1 fichiers sur %2 ont été enregistrés.</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>Résultats non enregistrés qui seraient perdus&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1064,6 +1080,30 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>L’exemple ne convient pas à ce fichier.</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>Seules les tuiles de l’image sont là, et rien ne les ouvre. Un exemple du même appareil peut aider.</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>Le sauvetage approfondi peut en retrouver davantage.</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>L’image est entière.</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>Seule une partie de l’image est là (environ %1&#xa0;%).</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>L’image est douteuse&#xa0;: certaines parties peuvent être fausses.</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>Ses octets sont d’un autre format que celui de son nom&#xa0;: %1.</translation>
     </message>
 </context>
 <context>

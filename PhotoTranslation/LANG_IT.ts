@@ -420,6 +420,22 @@ Tornare alla schermata precedente?</translation>
         <source>Salvaged</source>
         <translation>Restaurato</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>Dettagli</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: saltato</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>Salvati %1 file su %2.</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>Risultati non salvati che andrebbero perduti: %1</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -1064,6 +1080,30 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>Il campione non è adatto a questo file.</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>Ci sono soltanto i riquadri dell’immagine, che nulla apre. Un campione della stessa fotocamera può aiutare.</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>Il restauro approfondito può riportarne di più.</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>L’immagine è intera.</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>C’è soltanto una parte dell’immagine (circa %1 %).</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>L’immagine è dubbia: alcune parti possono essere sbagliate.</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>I suoi byte sono di un formato diverso da quello del nome: %1.</translation>
     </message>
 </context>
 <context>

@@ -420,6 +420,22 @@ Do you want to go back to previous screen?</source>
         <source>Salvaged</source>
         <translation>サルベージ</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>詳細</translation>
+    </message>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: スキップしました</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%2 個のファイルのうち %1 個を保存しました。</translation>
+    </message>
+    <message>
+        <source>Results that have not been saved and would be lost: %1</source>
+        <translation>保存されておらず、失われる結果: %1</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -1064,6 +1080,30 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>The sample doesn&apos;t fit this file.</source>
         <translation>サンプルがこのファイルに合いません。</translation>
+    </message>
+    <message>
+        <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
+        <translation>画像タイルだけがあり、開けるプログラムはありません。同じカメラのサンプルが役立つ場合があります。</translation>
+    </message>
+    <message>
+        <source>Deep salvage may bring back more.</source>
+        <translation>ディープサルベージでさらに取り戻せる場合があります。</translation>
+    </message>
+    <message>
+        <source>The picture is whole.</source>
+        <translation>画像は完全です。</translation>
+    </message>
+    <message>
+        <source>Only part of the picture is there (about %1 %).</source>
+        <translation>画像の一部だけがあります (約 %1 %)。</translation>
+    </message>
+    <message>
+        <source>The picture is doubtful: parts of it may be wrong.</source>
+        <translation>画像は不確かです。一部が正しくない可能性があります。</translation>
+    </message>
+    <message>
+        <source>Its bytes are of another format than its name says: %1.</source>
+        <translation>内容は名前とは異なる形式です: %1。</translation>
     </message>
 </context>
 <context>
