@@ -128,7 +128,7 @@ void LanguageSettingsInOtherApps(int number)
 void loadTranslators()
 {
     const Language *current = currentLanguage();
-    for (int number : {2, 3, 4, 1, 5, 6}) {
+    for (int number : {2, 1, 3, 4, 5, 6}) {
         const Language &other = languages()[number];
         if (&other == current) continue;
         TranslatorPath = other.translationFolder();

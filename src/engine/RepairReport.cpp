@@ -92,7 +92,7 @@ void insertWholeness(QJsonObject &object, const Wholeness &wholeness)
 {
     if (wholeness.completeness == Completeness::Unjudged) return;
     object.insert("completeness", completenessWord(wholeness.completeness));
-    object.insert("share", wholeness.share);
+    if (wholeness.share >= 0) object.insert("share", wholeness.share);
 }
 
 QString wholenessText(const Wholeness &wholeness)

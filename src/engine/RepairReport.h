@@ -38,10 +38,12 @@ enum class Completeness {
     Doubtful, ///< it opens, but what it shows may not be the picture
 };
 
+constexpr double kUncounted = -1; ///< the share of a picture whose MCUs nobody could count
+
 struct Wholeness
 {
     Completeness completeness = Completeness::Unjudged;
-    double share = 0; ///< of the picture's MCUs that were really decoded, 0 to 1; 1 where it is whole
+    double share = 0; ///< of the picture's MCUs that were really decoded, 0 to 1; 1 where it is whole; or kUncounted
 };
 
 struct OutputReport

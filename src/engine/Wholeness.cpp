@@ -10,7 +10,7 @@ constexpr qint64 kFileLimit = qint64(256) << 20;
 
 Wholeness fromCount(const salvage::McuCount &count)
 {
-    if (!count.counted) return {Completeness::Doubtful, 0};
+    if (!count.counted) return {Completeness::Doubtful, kUncounted};
     if (count.missing) return {Completeness::Partial, count.share()};
     return {count.faulty ? Completeness::Doubtful : Completeness::Whole, count.share()};
 }
@@ -34,5 +34,6 @@ bool looksUnfit(const Wholeness &wholeness)
 {
     constexpr double kNoise = 0.05;
     const bool whole = wholeness.completeness == Completeness::Whole;
-    return !whole && wholeness.completeness != Completeness::Unjudged && wholeness.share < kNoise;
+    return !whole && wholeness.completeness != Completeness::Unjudged && wholeness.share >= 0
+        && wholeness.share < kNoise;
 }

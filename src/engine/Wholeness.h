@@ -10,7 +10,7 @@
 /// - Partial: MCUs are missing, as data ended early or restart intervals are lost. `share` are those that can be read in
 ///   front of the first error of their interval.
 /// - Doubtful: nothing is missing, but codes were wrong, data were left over or details are absent, so parts may be
-///   displaced or false; `share` as above, 0 where it can't be counted.
+///   displaced or false; `share` as above, kUncounted where nothing can be counted.
 /// - Unjudged: it doesn't decode.
 /// Costs nothing where the decoder had no complaint and there is one scan, else about half a decode.
 Wholeness wholenessOf(const QString &path, const Verdict &verdict);

@@ -59,7 +59,7 @@ void askAboutFolder(ConflictPrompt &prompt)
         pApp->bFolderRename = false;
         pApp->bFolderOverwrite = true;
         break;
-    case FolderAnswer::Cancel: pApp->bSaveCancelled = true; break;
+    case FolderAnswer::Cancel:
     case FolderAnswer::Closed: pApp->bSaveCancelled = true; break;
     }
 }

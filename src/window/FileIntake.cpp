@@ -153,7 +153,7 @@ void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)())
         widenForHeaders(pFileList);
     });
     pFileList->setGeometry(geometry);
-    pFileList->setFrameStyle(int(QFrame::Panel) | int(QFrame::Sunken));
+    pFileList->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     pFileList->setAutoFillBackground(true);
     pFileList->setAlternatingRowColors(true);
     pFileList->setTextElideMode(Qt::ElideMiddle);

@@ -297,7 +297,8 @@ void TestDialogs::browse_data()
     QTest::newRow("in German") << "DE"
                                << "JPG"
                                << "/card/good.jpg"
-                               << "Auswahl des Beispiels | /home | Bilder (*.JPEG *.JPG *.jpg *.jpeg )" << true << false;
+                               << "Auswahl des Beispiels | /home | Bilder (*.JPEG *.JPG *.jpg *.jpeg )" << true
+                               << false;
 }
 
 void TestDialogs::browse()

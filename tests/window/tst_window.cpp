@@ -173,6 +173,7 @@ void TestWindow::firstIntakeSetsTheListUp()
     QCOMPARE(room.list()->geometry(), place);
     QCOMPARE(room.list()->headerItem()->text(7), header);
     QCOMPARE(room.list()->isSortingEnabled(), dropped);
+    QCOMPARE(room.list()->frameStyle(), 0x36);
     QCOMPARE(names(room.list()), (QStringList{"a.jpg", "b.jpg"}));
 }
 
