@@ -25,15 +25,15 @@ enum class RepairReason {
     BoxesLost, ///< a sample may help
     DiskFull,
     Stopped,
-    Healthy,       ///< the source opens as it is, without a warning
+    Healthy,       ///< the source opens as it is, and each of its MCUs can be read
     NoPictureData, ///< zeros, random bytes or text
-    SampleUnfit,   ///< a sample was tried; what it gave is noise or doesn't decode
+    SampleUnfit,   ///< a sample was tried; hardly an MCU can be read by its tables, or nothing decodes
 };
 
 /// How much of a picture is there.
 enum class Completeness {
     Unjudged, ///< nobody could tell
-    Whole,    ///< each MCU was decoded and the decoder had no complaint
+    Whole,    ///< each MCU was decoded, and the decoder had no complaint about the picture
     Partial,  ///< a part is missing; `share` says how much is there
     Doubtful, ///< it opens, but what it shows may not be the picture
 };
@@ -51,7 +51,7 @@ struct OutputReport
     QString name; ///< as it stands in lstResultNames
     QString path; ///< where the writer put it
     RepairWay way = RepairWay::Main;
-    QSize size;  ///< width and height that the judge found; invalid where the written bytes were not the judged ones
+    QSize size;  ///< width and height that the judge found; invalid for a HEIC, and where a stop came first
     QImage icon; ///< the judge's, null where there is no size
     Wholeness wholeness{};
 };
@@ -85,7 +85,7 @@ struct RepairReport
     QVector<OutputReport> outputs;
     SalvageReport salvage;
     RepairReason reason = RepairReason::None;
-    bool sourceHealthy = false; ///< the source opens as it is, without a warning, whatever came out beside it
+    bool sourceHealthy = false; ///< the source opens as it is, see Healthy, whatever came out beside it
     QString trueFormat;         ///< what the bytes are where the suffix says otherwise, for instance "HEIC"; else ""
     double zeroShare = 0;       ///< of the source's bytes, 0 to 1; told where there is no picture data
 };

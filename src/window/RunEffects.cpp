@@ -249,6 +249,7 @@ void BrowseRepair::OnShowString()
 
 void BrowseRepair::OnShowProgress()
 {
+    m_details->showRow(nullptr); // they would lie over the words of the progress
     ui->StopRepairProcessBtn_2->show();
     ui->SaveRepairBtn_2->hide();
     ui->BackBtn_2->setEnabled(false);

@@ -2,6 +2,7 @@
 
 #include "Road.h"
 #include "support/Damage.h"
+#include "support/HeicMaker.h"
 #include "support/JpegMaker.h"
 #include "support/Pictures.h"
 
@@ -38,6 +39,9 @@ class TestWholeness : public QObject
 private slots:
     void outputs_data();
     void outputs();
+    void samples_data();
+    void samples();
+    void heic();
     void sources_data();
     void sources();
 };
@@ -80,6 +84,43 @@ void TestWholeness::outputs()
     if (word != "partial") return;
     const double there = sharePresent(decoded(healthy), decoded(run.output("a.jpg")));
     QVERIFY2(qAbs(wholeness.share - there) < 0.02, qPrintable(QString("%1, not %2").arg(wholeness.share).arg(there)));
+}
+
+void TestWholeness::samples_data()
+{
+    QTest::addColumn<bool>("sameTables");
+    QTest::newRow("of the same tables") << true;
+    QTest::newRow("of other Huffman tables") << false;
+}
+
+void TestWholeness::samples()
+{
+    QFETCH(bool, sameTables);
+    JpegOptions options;
+    options.jfif = false; // as cameras write
+    options.segments = {exifSegment(QByteArray())};
+    const QByteArray damaged = Damage(makeJpeg(drawPicture(320, 320), options)).dropHead(upTo(0xFFDA)).bytes();
+    options.optimised = !sameTables;
+    const Run run;
+    const QString source = run.source("a.jpg", QByteArray(20, '\0') + damaged);
+    const QString sample = run.source("sample.jpg", makeJpeg(drawPicture(320, 320, 2), options));
+    const RepairReport report = repairOneFileWithSample(sample, source).report;
+    QCOMPARE(report.outputs.size(), 1);
+    QCOMPARE(report.outputs[0].wholeness.completeness == Completeness::Whole, sameTables);
+    if (sameTables) QCOMPARE(report.reason, RepairReason::None);
+}
+
+void TestWholeness::heic()
+{
+    MadeHeic made = makeHeic();
+    const int lastTile = made.bytes.size() - made.lengths.back();
+    const Run run;
+    const auto shareOf = [&run](const QByteArray &file) {
+        const RepairReport report = run.repair("a.heic", file).report;
+        return report.outputs.isEmpty() ? -1 : report.outputs[0].wholeness.share;
+    };
+    QCOMPARE(shareOf(made.bytes), 1.0);
+    QCOMPARE(shareOf(QByteArray(made.bytes).replace(lastTile + 20, 8, QByteArray(8, '\0'))), 47.0 / 48);
 }
 
 void TestWholeness::sources_data()

@@ -171,9 +171,9 @@ void jpg_repair::WriteFileData(const QString &name)
     }
     pApp->lstResultNames.append(name);
     // Nothing opens tiles that no index describes.
-    const auto completeness = pApp->report.tilesAlone ? Completeness::Doubtful
-        : share < 1                                   ? Completeness::Partial
-                                                      : Completeness::Whole;
-    pApp->report.outputs.append({name, path, m_heicWay, {}, {}, {completeness, share}});
+    Wholeness wholeness{share < 1 ? Completeness::Partial : Completeness::Whole, share};
+    if (pApp->report.tilesAlone) wholeness.completeness = Completeness::Doubtful;
+    if (stopRequested()) wholeness = {}; // the walk over the tiles may have ended early
+    pApp->report.outputs.append({name, path, m_heicWay, {}, {}, wholeness});
     if (pApp->report.tilesAlone && m_heicWay == RepairWay::Sample) pApp->report.reason = RepairReason::SampleUnfit;
 }
