@@ -21,11 +21,15 @@ class FileSource : public BlockSource
 public:
     /// Opens `path`; isOpen() tells whether that worked. A folder or a device does not open.
     explicit FileSource(const QString &path);
+    /// Takes over a descriptor that is open for reading, of a file of `size` bytes.
+    FileSource(int descriptor, quint64 size) : m_fd(descriptor), m_size(size) {}
     ~FileSource() override;
     FileSource(const FileSource &) = delete;
     FileSource &operator=(const FileSource &) = delete;
 
     bool isOpen() const { return m_fd >= 0; }
+    /// For whoever reads the file elsewhere; it stays this object's. -1 where it isn't open.
+    int descriptor() const { return m_fd; }
     quint64 size() const override { return m_size; }
     bool read(quint64 offset, char *to, qint64 count) override;
 

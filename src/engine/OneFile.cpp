@@ -2,6 +2,7 @@
 
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
+#include "engine/Judge.h"
 #include "engine/SourceJudge.h"
 #include "engine/Wholeness.h"
 #include "engine/heic/HeicRoad.h"
@@ -117,6 +118,7 @@ bool beginRun()
     WipeFolder().WipeFile(QStringLiteral("RepairedFiles/Thumbnail_Repaired/"));
     forgetRecords();
     setFlag(pApp->bRepairRunning, true);
+    startJudge(); // it is up by the time that the first file has been read
     return workingFolderUsable();
 }
 

@@ -46,7 +46,7 @@ bool judgeBuilt(FILE *built, RepairWay way, const QString &name)
     const Verdict verdict = judgeJpeg(pApp->strBuiltPath);
     if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     if (!verdict.decodes) {
-        pApp->report.decoderRefused = true;
+        if (!verdict.stopped) pApp->report.decoderRefused = true;
         return false;
     }
     pApp->lstResultNames.append(name);

@@ -1,38 +1,46 @@
-// Decoding in a process of its own, under limits on memory and time: a file that breaks the decoder ends that process and
-// not the panel.
+// Decoding a HEIC for the panel, beside its window, by the decoder process: a file that breaks the decoder ends that process
+// and not the panel.
 #pragma once
 
-#include "fileutil/HeicDecoder.h"
-
+#include <QByteArray>
+#include <QImage>
 #include <QObject>
-#include <QProcess>
+#include <QString>
 
-/// What the child does: takes its limits upon itself, decodes, and writes the picture to standard output.
-/// Returns its exit status.
-int runDecodeChild(const QString &path);
-/// The option that makes this program the child.
-extern const char *const kDecodeOption;
+#include <atomic>
+#include <functional>
+#include <thread>
 
-/// One decoding, by this very program.
+struct DecodedHeic
+{
+    QImage image;       ///< turned and mirrored as the file says; in the colours of `profile`
+    QByteArray profile; ///< ICC profile, empty where the file has none
+    QString problem;    ///< one line why there is no picture; else empty
+};
+
+/// Decodes the main picture of the file, a rewritten one included. Waits for it; `abandoned`, which is asked meanwhile,
+/// gives it up.
+DecodedHeic decodeHeic(const QString &path, const std::function<bool()> &abandoned = {});
+
+/// One decoding at a time.
 class DecodeProcess : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit DecodeProcess(QObject *parent = nullptr);
+    explicit DecodeProcess(QObject *parent = nullptr) : QObject(parent) {}
+    /// Gives up what is being decoded.
     ~DecodeProcess() override;
 
-    /// Begins; finished() follows.
+    /// Begins; finished() follows. What was begun before is given up.
     void start(const QString &path);
-    /// The same, waiting.
-    DecodedHeic decode(const QString &path);
 
 signals:
     void finished(const DecodedHeic &decoded);
 
 private:
-    void conclude();
+    void giveUp();
 
-    QProcess m_process;
-    DecodedHeic m_decoded;
+    std::thread m_thread;
+    std::atomic<bool> m_abandoned{false};
 };

@@ -35,16 +35,13 @@ void addOptions(QCommandLineParser &parser)
         "Escape and Space close.\n\n"
         "Exit status: 0 done, 1 the file gives no picture, 2 wrong usage, 3 the export "
         "can't be written.");
-    QCommandLineOption decode(kDecodeOption, "Write the decoded picture to standard output.");
-    decode.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions(
         {{{"h", "help"}, "Show this help and end."},
          {{"v", "version"}, "Show the version and end."},
          {"export",
           "Open no window: write the picture to OUT, a new .png or .jpg file, or the file in the form that "
           "other programs open, a new .heic file.",
-          "OUT"},
-         decode});
+          "OUT"}});
     parser.addPositionalArgument("file", "The HEIC file.", "FILE");
 }
 
@@ -53,7 +50,7 @@ int exportTo(const QString &target, const QString &source)
     const ExportKind kind = exportKind(target);
     if (kind == ExportKind::None) return complain("--export takes a .png, .jpg or .heic name", WrongUsage);
     DecodedHeic decoded;
-    if (kind != ExportKind::Heic) decoded = DecodeProcess().decode(source);
+    if (kind != ExportKind::Heic) decoded = decodeHeic(source);
     QString problem;
     const QByteArray bytes = exportBytes(kind, source, decoded, problem);
     if (!problem.isEmpty()) return complain(QStringLiteral("'%1': %2").arg(source, problem), NoPicture);
@@ -77,7 +74,6 @@ int runWithoutWindow(const QStringList &arguments, QString &file)
     if (parser.isSet("version")) return print("FileUtil " KESMIRA_VERSION "\n");
     if (parser.positionalArguments().size() != 1) return complain("give one file; --help tells more", WrongUsage);
     file = parser.positionalArguments().first();
-    if (parser.isSet(kDecodeOption)) return runDecodeChild(file);
     return parser.isSet("export") ? exportTo(parser.value("export"), file) : -1;
 }
 

@@ -1,5 +1,7 @@
 #include "fileutil/PictureExport.h"
 
+#include "engine/heic/ReadingCopy.h"
+
 #include <QBuffer>
 #include <QColorSpace>
 #include <QCoreApplication>
@@ -17,7 +19,10 @@ ExportKind exportKind(const QString &target)
 
 QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedHeic &decoded, QString &problem)
 {
-    if (kind == ExportKind::Heic) return readableHeicBytes(source, problem);
+    if (kind == ExportKind::Heic) {
+        FileWindow file(source);
+        return readableHeicBytes(file, problem);
+    }
     problem = decoded.problem;
     if (!problem.isEmpty()) return {};
     QByteArray bytes;

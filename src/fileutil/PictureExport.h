@@ -1,7 +1,7 @@
 // The picture of the panel as a file.
 #pragma once
 
-#include "fileutil/HeicDecoder.h"
+#include "fileutil/DecodeProcess.h"
 
 #include <QByteArray>
 #include <QString>

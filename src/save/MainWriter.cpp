@@ -111,7 +111,7 @@ bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE 
     const Verdict verdict = judgeJpeg(output.scratch);
     if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     if (!verdict.decodes) {
-        pApp->report.decoderRefused = true;
+        if (!verdict.stopped) pApp->report.decoderRefused = true;
         if (!skipping())
             recordFailure(output.failureText, output.failureState, output.path, output.name + output.failureMark);
         return false;

@@ -17,7 +17,7 @@ void PreviewLoader::request(const QString &path, const QSize &box, const Shown &
     m_thread.start([this, path, box, shown, number] {
         if (number != m_latest) return;
         QSize fullSize;
-        const QImage image = loadForView(path, box, fullSize);
+        const QImage image = loadForView(path, box, fullSize, [this, number] { return number != m_latest; });
         m_effects.post([this, image, fullSize, shown, number] {
             if (number == m_latest) shown(image, fullSize);
         });

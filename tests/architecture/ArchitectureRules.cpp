@@ -17,14 +17,16 @@ struct Room
 
 const QVector<Room> &rooms()
 {
-    static const QStringList engineSide{"save", "engine", "tables", "app"};
+    static const QStringList engineSide{"save", "engine", "decoder", "tables", "app"};
     static const QStringList plain{"QtCore", "QtGui"};
     static const QStringList desktop{"QtCore", "QtGui", "QtWidgets", "QtNetwork", "QtDBus"};
     static const QVector<Room> all{
         {"app", {}, plain},
         {"tables", {"app"}, plain},
         {"salvage", {}, plain},
-        {"engine", {"tables", "app", "salvage"}, plain},
+        {"decoder", {}, plain},
+        {"engine", {"decoder", "tables", "app", "salvage"}, plain},
+        {"decoderchild", {"decoder", "engine"}, plain},
         {"save", {"engine", "tables", "app"}, plain},
         {"batch", engineSide, plain},
         {"fileutil", engineSide + QStringList{"desktop"}, plain + QStringList{"QtWidgets"}},

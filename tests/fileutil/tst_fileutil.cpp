@@ -5,7 +5,6 @@
 #include "engine/OutputRows.h"
 #include "engine/heic/ReadingCopy.h"
 #include "fileutil/DecodeProcess.h"
-#include "fileutil/FileUtil.h"
 #include "fileutil/HeicPanel.h"
 #include "fileutil/PictureExport.h"
 #include "support/Files.h"
@@ -13,11 +12,9 @@
 #include "support/PlainTiles.h"
 #include "support/RunFolder.h"
 
-#include <QApplication>
+#include <QProcess>
 #include <QPushButton>
 #include <QTest>
-
-#include <cstring>
 
 namespace {
 
@@ -162,7 +159,7 @@ void TestFileUtil::brokenFilesGiveAReason()
     QCOMPARE(call.status, 1);
     QVERIFY2(call.err.startsWith("FileUtil: '" + path + "': ") && call.err.count('\n') == 1, qPrintable(call.err));
     QVERIFY(!QFileInfo::exists(m_folder->place("a.png")));
-    const DecodedHeic decoded = DecodeProcess().decode(path);
+    const DecodedHeic decoded = decodeHeic(path);
     QVERIFY(decoded.image.isNull() && !decoded.problem.isEmpty());
 }
 
@@ -277,13 +274,5 @@ void TestFileUtil::realPicturesWithASample()
     QVERIFY(decodeHeic(readable).image == healthy);
 }
 
-int main(int argc, char **argv)
-{
-    // The decoder's process is this very program once more.
-    if (argc > 1 && std::strcmp(argv[1], "--decode") == 0) return runFileUtil(argc, argv);
-    QApplication application(argc, argv);
-    TestFileUtil test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(TestFileUtil)
 #include "tst_fileutil.moc"

@@ -19,6 +19,7 @@ namespace {
 constexpr quint64 kMetaSizeAt = heic::kFileType.size();
 constexpr quint64 kBoxesAt = kMetaSizeAt + 4 + heic::kMetaFront.size();
 constexpr quint32 kEntrySize = 16;
+constexpr quint64 kLargestInMemory = quint64(1) << 30;
 
 template<size_t N>
 bool standsAt(FileWindow &file, quint64 offset, const std::array<quint8, N> &wanted)
@@ -247,16 +248,32 @@ ReadingCopy makeReadingCopy(FileWindow &file)
 
 QByteArray readingCopyBytes(FileWindow &file, QString &problem)
 {
-    constexpr quint64 kMost = 1u << 30;
     ReadingCopy copy = makeReadingCopy(file);
     problem = copy.problem;
     const quint64 tiles = file.size() - copy.tilesAt;
-    if (problem.isEmpty() && tiles > kMost) problem = QStringLiteral("the file is too large");
+    if (problem.isEmpty() && tiles > kLargestInMemory) problem = QStringLiteral("the file is too large");
     if (!problem.isEmpty()) return {};
     QByteArray bytes = copy.front;
     bytes.resize(copy.front.size() + int(tiles));
     file.read(copy.tilesAt, bytes.data() + copy.front.size(), qint64(tiles));
     return bytes;
+}
+
+QByteArray readableHeicBytes(FileWindow &file, QString &problem)
+{
+    if (!file.isOpen()) {
+        problem = QStringLiteral("the file can't be read");
+    } else if (file.size() > kLargestInMemory) {
+        problem = QStringLiteral("the file is too large");
+    } else if (isRewrittenHeic(file)) {
+        return readingCopyBytes(file, problem);
+    } else {
+        QByteArray bytes(int(file.size()), 0);
+        file.read(0, bytes.data(), bytes.size());
+        if (bytes.mid(4, 4) == "ftyp") return bytes;
+        problem = QStringLiteral("it isn't a HEIC, or holds image tiles alone");
+    }
+    return {};
 }
 
 QString writeReadingCopy(const QString &rewritten, const QString &target)

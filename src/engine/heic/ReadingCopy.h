@@ -25,6 +25,10 @@ ReadingCopy makeReadingCopy(FileWindow &file);
 /// The whole copy in memory; null with `problem` set if it can't be made.
 QByteArray readingCopyBytes(FileWindow &file, QString &problem);
 
+/// The bytes of any HEIC as a reader takes them: of a rewritten one its reading copy, of another the file as it is. Null
+/// with `problem` set if they can't be had.
+QByteArray readableHeicBytes(FileWindow &file, QString &problem);
+
 /// Writes the reading copy of the file `rewritten` to `target`, anew, in the working folder. Returns "" or one line.
 QString writeReadingCopy(const QString &rewritten, const QString &target);
 /// The name of that copy beside the result: "a.heic" gives "a_readable.heic".

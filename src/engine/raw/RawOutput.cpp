@@ -60,7 +60,7 @@ bool writeRawImage(FileWindow &file, quint64 start, quint32 length, const QStrin
         output.size = verdict.size;
         output.icon = verdict.icon;
         output.wholeness = wholenessOf(path, verdict);
-        if (!verdict.decodes) pApp->report.decoderRefused = true;
+        if (!verdict.decodes && !verdict.stopped) pApp->report.decoderRefused = true;
         if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     }
     pApp->report.outputs.append(output);

@@ -1,4 +1,4 @@
-#include "fileutil/HeicDecoder.h"
+#include "decoderchild/HeicDecoder.h"
 
 #include "engine/FileWindow.h"
 #include "engine/heic/ReadingCopy.h"
@@ -9,8 +9,6 @@
 #include <memory>
 
 namespace {
-
-constexpr quint64 kFileLimit = quint64(1) << 30;
 
 using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
 using Handle = std::unique_ptr<const heif_image_handle, decltype(&heif_image_handle_release)>;
@@ -45,22 +43,22 @@ QImage imageOf(const heif_image *image, QImage::Format format)
     return copy;
 }
 
-void decode(const QByteArray &bytes, DecodedHeic &decoded)
+void decode(const QByteArray &bytes, decoder::Answer &answer)
 {
     const Context context(heif_context_alloc(), heif_context_free);
     if (failed(
             heif_context_read_from_memory_without_copy(context.get(), bytes.constData(), size_t(bytes.size()), nullptr),
-            decoded.problem))
+            answer.problem))
         return;
     heif_image_handle *foundHandle = nullptr;
-    if (failed(heif_context_get_primary_image_handle(context.get(), &foundHandle), decoded.problem)) return;
+    if (failed(heif_context_get_primary_image_handle(context.get(), &foundHandle), answer.problem)) return;
     const Handle handle(foundHandle, heif_image_handle_release);
 
     const bool alpha = heif_image_handle_has_alpha_channel(handle.get()) != 0;
     const qint64 pixels =
         qint64(heif_image_handle_get_width(handle.get())) * heif_image_handle_get_height(handle.get());
-    if (pixels * 4 > kPictureLimit) {
-        decoded.problem = QStringLiteral("the picture has more pixels than can be shown");
+    if (pixels * 4 > decoder::kWholePictureBytes) {
+        answer.problem = QStringLiteral("the picture has more pixels than can be shown");
         return;
     }
     const Options options(heif_decoding_options_alloc(), heif_decoding_options_free);
@@ -68,38 +66,27 @@ void decode(const QByteArray &bytes, DecodedHeic &decoded)
     heif_image *foundImage = nullptr;
     const heif_chroma chroma = alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB;
     if (failed(heif_decode_image(handle.get(), &foundImage, heif_colorspace_RGB, chroma, options.get()),
-               decoded.problem))
+               answer.problem))
         return;
     const Image image(foundImage, heif_image_release);
-    decoded.image = imageOf(image.get(), alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-    if (decoded.image.isNull()) decoded.problem = QStringLiteral("there is no memory for the picture");
-    decoded.profile = profileOf(handle.get());
+    answer.picture = imageOf(image.get(), alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
+    if (answer.picture.isNull()) answer.problem = QStringLiteral("there is no memory for the picture");
+    answer.profile = profileOf(handle.get());
 }
 
 } // namespace
 
-QByteArray readableHeicBytes(const QString &path, QString &problem)
+bool loadHeicDecoder()
 {
-    FileWindow file(path);
-    if (!file.isOpen()) {
-        problem = QStringLiteral("the file can't be read");
-    } else if (file.size() > kFileLimit) {
-        problem = QStringLiteral("the file is too large");
-    } else if (isRewrittenHeic(file)) {
-        return readingCopyBytes(file, problem);
-    } else {
-        QByteArray bytes(int(file.size()), 0);
-        file.read(0, bytes.data(), bytes.size());
-        if (bytes.mid(4, 4) == "ftyp") return bytes;
-        problem = QStringLiteral("it isn't a HEIC, or holds image tiles alone");
-    }
-    return {};
+    return heif_init(nullptr).code == heif_error_Ok;
 }
 
-DecodedHeic decodeHeic(const QString &path)
+void decodeHeic(BlockSource &source, decoder::Answer &answer)
 {
-    DecodedHeic decoded;
-    const QByteArray bytes = readableHeicBytes(path, decoded.problem);
-    if (decoded.problem.isEmpty()) decode(bytes, decoded);
-    return decoded;
+    FileWindow file(source);
+    const QByteArray bytes = readableHeicBytes(file, answer.problem);
+    if (!answer.problem.isEmpty()) return;
+    decode(bytes, answer);
+    answer.opens = !answer.picture.isNull();
+    if (answer.opens) answer.size = answer.picture.size();
 }

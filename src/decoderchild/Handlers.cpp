@@ -1,0 +1,120 @@
+#include "decoderchild/Handlers.h"
+
+#include "decoderchild/HeicDecoder.h"
+#include "decoderchild/JpegCost.h"
+#include "decoderchild/JpegDecoder.h"
+#include "decoderchild/Trials.h"
+#include "engine/FileWindow.h"
+
+#include <new>
+
+namespace decoder {
+namespace {
+
+QStringList *hearing = nullptr;
+
+void hear(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    if (hearing) hearing->append(message.simplified());
+}
+
+/// Fitted into the box; where it is smaller both ways, its own size.
+QImage fitted(const QImage &image, const QSize &size, const QSize &box)
+{
+    const bool small = size.width() < box.width() && size.height() < box.height();
+    return small ? image : image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+/// A decoder that knows the picture's size, where the picture is worth its price; else null, with the reason in `answer`.
+std::unique_ptr<JpegDecoder> openJpeg(const Request &request, FileSource &file, Answer &answer)
+{
+    FileWindow window(file);
+    const JpegCost cost = costOf(window);
+    const QString refused = refusal(cost, file.size(), request.memory);
+    answer.severalScans = cost.severalScans;
+    if (!refused.isEmpty()) {
+        answer.warnings.append(refused);
+        return nullptr;
+    }
+    auto decoder = std::make_unique<JpegDecoder>(file);
+    return decoder->size().isValid() ? std::move(decoder) : nullptr;
+}
+
+void judge(const Request &request, FileSource &file, Answer &answer)
+{
+    const auto decoder = openJpeg(request, file, answer);
+    const QImage image = decoder ? decoder->read() : QImage();
+    if (image.isNull()) return;
+    answer.opens = true;
+    answer.size = image.size();
+    answer.icon = image.scaled(QSize(kIconSide, kIconSide), Qt::KeepAspectRatio, Qt::FastTransformation);
+}
+
+void view(const Request &request, FileSource &file, Answer &answer)
+{
+    const auto decoder = openJpeg(request, file, answer);
+    if (!decoder) return;
+    const QSize size = decoder->size();
+    const QSize box(request.width, request.height);
+    // The decoder skips most of its work where the picture is to be a fraction of its size; twice the box leaves enough
+    // for smooth scaling.
+    const QSize wanted = size.scaled(box * 2, Qt::KeepAspectRatio);
+    if (wanted.width() < size.width()) decoder->scaleTo(wanted);
+    const QImage image = decoder->read();
+    if (image.isNull()) return;
+    answer.opens = true;
+    answer.size = size;
+    answer.picture = fitted(image, size, box).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+void heic(const Request &request, FileSource &file, Answer &answer)
+{
+    decodeHeic(file, answer);
+    const QSize box(request.width, request.height);
+    if (answer.opens && !box.isEmpty()) answer.picture = fitted(answer.picture, answer.size, box);
+}
+
+void trial(const Request &request, FileSource &, Answer &answer)
+{
+    answer.warnings = misbehave(Trial(request.width));
+}
+
+struct Handler
+{
+    Task task;
+    void (*answer)(const Request &, FileSource &, Answer &);
+};
+
+constexpr Handler kHandlers[] = {
+    {Task::Judge, judge},
+    {Task::View, view},
+    {Task::Heic, heic},
+    {Task::Trial, trial},
+};
+
+} // namespace
+
+bool loadDecoders()
+{
+    qInstallMessageHandler(hear);
+    return loadJpegDecoder() && loadHeicDecoder();
+}
+
+Answer handle(const Request &request, FileSource &file)
+{
+    Answer answer;
+    QStringList said;
+    hearing = &said;
+    try {
+        for (const Handler &handler : kHandlers)
+            if (handler.task == request.task) handler.answer(request, file, answer);
+    } catch (const std::bad_alloc &) {
+        answer = Answer();
+        answer.problem = QStringLiteral("there is no memory for the picture");
+    }
+    hearing = nullptr;
+    answer.warnings += said;
+    return answer;
+}
+
+} // namespace decoder
