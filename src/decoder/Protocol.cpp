@@ -80,11 +80,18 @@ bool readIcon(QDataStream &stream, QImage &icon)
     return true;
 }
 
-bool isModest(const QStringList &warnings)
+/// One by one: the toolkit makes room for as many texts as a list claims before it looks for them.
+bool readWarnings(QDataStream &stream, QStringList &warnings)
 {
-    if (warnings.size() > kMostWarnings) return false;
-    for (const QString &warning : warnings)
+    quint32 count = 0;
+    stream >> count;
+    if (count > quint32(kMostWarnings)) return false;
+    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        QString warning;
+        stream >> warning;
         if (warning.size() > kLongestWarning) return false;
+        warnings.append(warning);
+    }
     return true;
 }
 
@@ -118,9 +125,12 @@ bool unpack(const QByteArray &bytes, quint64 room, const Pixels &pixels, Answer 
     qint32 width = 0, height = 0;
     QDataStream stream(bytes);
     stream.setVersion(QDataStream::Qt_5_15);
-    stream >> magic >> read.opens >> read.severalScans >> width >> height >> read.warnings >> read.problem;
-    if (stream.status() != QDataStream::Ok || magic != kMagic || !isModest(read.warnings)
-        || read.problem.size() > kLongestWarning || !readIcon(stream, read.icon))
+    stream >> magic;
+    if (magic != kMagic) return false;
+    stream >> read.opens >> read.severalScans >> width >> height;
+    if (!readWarnings(stream, read.warnings)) return false;
+    stream >> read.problem;
+    if (stream.status() != QDataStream::Ok || read.problem.size() > kLongestWarning || !readIcon(stream, read.icon))
         return false;
     stream >> shape >> read.profile;
     if (stream.status() != QDataStream::Ok || !stream.atEnd() || read.profile.size() > kLongestProfile) return false;
