@@ -6,6 +6,7 @@
 #include "desktop/Paths.h"
 #include "desktop/SingleInstance.h"
 #include "tables/TableLibrary.h"
+#include "update/QDownloadApp.h"
 #include "window/BrowseRepair.h"
 
 #include <QApplication>
@@ -97,6 +98,8 @@ int main(int argc, char *argv[])
     case SingleInstance::Start::HandedOver: return 0;
     case SingleInstance::Start::Refused: return refuse(why);
     }
+
+    QDownloadApp::clearLeftovers(QCoreApplication::applicationDirPath());
 
     auto *window = new BrowseRepair; // lives as long as the process
     QObject::connect(&instance, &SingleInstance::asked, window, &BrowseRepair::ComeToFront);

@@ -109,6 +109,12 @@ QString QDownloadApp::installFolder(const QString &programFolder)
     return {};
 }
 
+void QDownloadApp::clearLeftovers(const QString &programFolder)
+{
+    const QString folder = installFolder(programFolder);
+    if (!folder.isEmpty()) platform().clearInstallLeftovers(QLatin1String(kBundle), folder);
+}
+
 void QDownloadApp::install()
 {
     const QString folder = installFolder(ApplicationPath);

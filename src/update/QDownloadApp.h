@@ -33,6 +33,8 @@ public:
     static QString rateText(qint64 milliseconds, qint64 received);
     /// The folder that holds the bundle of the program in `programFolder`, "" if it runs from no bundle.
     static QString installFolder(const QString &programFolder);
+    /// For the start of the program in `programFolder`: removes what an installing that was ended on its way has left.
+    static void clearLeftovers(const QString &programFolder);
 
     void reject() override;
 

@@ -114,6 +114,7 @@ private slots:
     void refusals();
     void truncatedArchive();
     void diskFull();
+    void killedAtAnyTime();
     void labels_data();
     void labels();
     void download();
@@ -144,6 +145,13 @@ void TestUpdateInstall::refusals_data()
     QTest::newRow("link out") << with({"Kesmira.app/out", {}, AE_IFLNK, "../../../beside.txt"});
     QTest::newRow("absolute link") << with({"Kesmira.app/out", {}, AE_IFLNK, "/etc/passwd"});
     QTest::newRow("through a link") << (Entries{{"Kesmira.app", {}, AE_IFLNK, "."}, {"Kesmira.app/x", "evil"}});
+    QTest::newRow("link out of the bundle alone") << (with({"Kesmira.app/out", {}, AE_IFLNK, "../Other"})
+                                                      << Entry{"Other", "x"});
+    QTest::newRow("link to nothing") << with({"Kesmira.app/out", {}, AE_IFLNK, "none"});
+    QTest::newRow("bundle that is a link") << (Entries{{"Other/" + kProgram.toLatin1(), "x"},
+                                                       {"Kesmira.app", {}, AE_IFLNK, "Other"}});
+    QTest::newRow("link to the program's folder") << (Entries{{"Kesmira.app/Contents/bin/kesmira", "x"},
+                                                              {"Kesmira.app/Contents/MacOS", {}, AE_IFLNK, "bin"}});
     QTest::newRow("no bundle") << Entries{{"Other.app/" + kProgram.toLatin1(), "x"}};
     QTest::newRow("no program") << Entries{{"Kesmira.app/Contents/a.txt", "x"}};
     QTest::newRow("program that can't run") << Entries{{"Kesmira.app/" + kProgram.toLatin1(), "x", AE_IFREG, {}, 0644}};
@@ -197,6 +205,41 @@ void TestUpdateInstall::diskFull()
     ::waitpid(child, &status, 0);
     QVERIFY(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     QCOMPARE(installed.tree(), before);
+}
+
+void TestUpdateInstall::killedAtAnyTime()
+{
+    const Entries entries = goodBundle(QByteArray(300000, 'p'));
+    int before = 0;
+    int after = 0;
+    for (int delay = 0; after < 5 && delay < 400000; delay += 500) {
+        const Installed installed;
+        const QString zip = installed.folder.filePath("update.zip");
+        writeZip(zip, entries);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            installBundleFromArchive(zip, "Kesmira.app", kProgram, installed.apps());
+            ::_exit(0);
+        }
+        ::usleep(useconds_t(delay));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const QString bundle = installed.apps() + "/Kesmira.app/";
+        const bool fresh = contents(bundle + kProgram) == entries[0].bytes;
+        QCOMPARE(contents(bundle + (fresh ? "Contents/Resources/a.txt" : "Contents/old.txt")),
+                 QByteArray(fresh ? "new" : "old"));
+        ++(fresh ? after : before);
+        clearInstallLeftovers("Kesmira.app", installed.apps());
+        QCOMPARE(QDir(installed.apps()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList("Kesmira.app"));
+    }
+    QVERIFY(before > 0 && after > 0);
+
+    const Installed aside; // as earlier versions left it
+    QDir(aside.apps()).mkpath(".kesmira-update-a");
+    QVERIFY(QDir(aside.apps()).rename("Kesmira.app", ".kesmira-update-a/old"));
+    clearInstallLeftovers("Kesmira.app", aside.apps());
+    QCOMPARE(aside.tree(), Installed().tree());
 }
 
 void TestUpdateInstall::labels_data()

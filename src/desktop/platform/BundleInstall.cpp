@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -11,7 +12,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -108,32 +111,75 @@ QString unpack(const QString &path, const QString &folder)
     }
 }
 
-/// The old bundle goes to `aside`, the new one into its place; back again if that fails.
-bool swapBundles(const QString &fresh, const QString &place, const QString &aside)
+/// True if every link below `bundle` leads to something in it, whichever other links it passes on its way.
+bool linksStayIn(const QString &bundle)
+{
+    QDirIterator it(bundle, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QFileInfo info(it.next());
+        if (info.isSymLink() && !info.canonicalFilePath().startsWith(bundle + '/')) return false;
+    }
+    return true;
+}
+
+bool syncOne(const QString &path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool done = ::fsync(file) == 0;
+    ::close(file);
+    return done;
+}
+
+/// Brings a bundle's files and folders onto the disk, so that no loss of power leaves a new name with empty files.
+bool syncTree(const QString &bundle)
+{
+    QDirIterator it(bundle, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext())
+        if (!syncOne(it.next())) return false;
+    return syncOne(bundle);
+}
+
+/// Both bundles change places in one step: there is no moment without an installed program.
+bool swapBundles(const QString &fresh, const QString &place)
 {
     const QByteArray from = QFile::encodeName(fresh);
     const QByteArray to = QFile::encodeName(place);
-    const QByteArray old = QFile::encodeName(aside);
-    if (std::rename(to.constData(), old.constData()) != 0) return false;
-    if (std::rename(from.constData(), to.constData()) == 0) return true;
-    const int problem = errno;
-    std::rename(old.constData(), to.constData());
-    errno = problem;
-    return false;
+#ifdef Q_OS_MACOS
+    return ::renamex_np(from.constData(), to.constData(), RENAME_SWAP) == 0;
+#else
+    return ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_EXCHANGE) == 0;
+#endif
 }
 
-/// A folder that nobody else may enter, gone with this object.
+const char kScratch[] = ".kesmira-update-";
+
+/// Opens a folder and keeps others from clearing it away. Returns -1 if another process has it.
+int lockFolder(const QString &path)
+{
+    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0 || ::flock(folder, LOCK_EX | LOCK_NB) == 0) return folder;
+    ::close(folder);
+    return -1;
+}
+
+/// A folder that nobody else may enter, locked and then gone with this object.
 class PrivateFolder
 {
 public:
     explicit PrivateFolder(const QString &parent)
     {
-        QByteArray pattern = QFile::encodeName(parent + "/.kesmira-update-XXXXXX");
-        if (::mkdtemp(pattern.data())) m_path = QFile::decodeName(pattern);
+        QByteArray pattern = QFile::encodeName(parent + '/' + kScratch + "XXXXXX");
+        if (!::mkdtemp(pattern.data())) return;
+        m_path = QFile::decodeName(pattern);
+        m_lock = lockFolder(m_path);
     }
     ~PrivateFolder()
     {
         if (!m_path.isEmpty()) QDir(m_path).removeRecursively();
+        if (m_lock >= 0) ::close(m_lock);
     }
     PrivateFolder(const PrivateFolder &) = delete;
     PrivateFolder &operator=(const PrivateFolder &) = delete;
@@ -141,6 +187,7 @@ public:
 
 private:
     QString m_path;
+    int m_lock = -1;
 };
 
 } // namespace
@@ -150,7 +197,9 @@ QString installBundleFromArchive(const QString &archive, const QString &bundleNa
 {
     // The library follows no link in the path that it writes to, and the way to the folder may hold one.
     const QString parent = QFileInfo(folder).canonicalFilePath();
-    if (!QFileInfo(parent + '/' + bundleName).isDir()) return Install::tr("The installed program isn't where it was.");
+    const QString place = parent + '/' + bundleName;
+    if (!QFileInfo(place).isDir() || QFileInfo(place).isSymLink())
+        return Install::tr("The installed program isn't where it was.");
     const PrivateFolder scratch(parent);
     if (scratch.path().isEmpty())
         return Install::tr(
@@ -162,9 +211,31 @@ QString installBundleFromArchive(const QString &archive, const QString &bundleNa
 
     const QString bundle = unpacked + '/' + bundleName;
     const QFileInfo started(bundle + '/' + program);
-    if (!QFileInfo(bundle).isDir() || !started.isFile() || !started.isExecutable() || started.isSymLink())
+    // Only a program that is really in the bundle is still there once the folder that it was unpacked to is gone.
+    if (QFileInfo(bundle).isSymLink() || !started.isFile() || !started.isExecutable()
+        || started.canonicalFilePath() != bundle + '/' + program)
         return Install::tr("The update doesn't hold the program.");
-    if (!swapBundles(bundle, parent + '/' + bundleName, scratch.path() + "/old"))
+    if (!linksStayIn(bundle)) return Install::tr("The update holds what doesn't belong there, and was refused.");
+    if (!syncTree(bundle) || !swapBundles(bundle, place))
         return Install::tr("The new version can't be put in place: %1").arg(systemError());
+    syncOne(unpacked);
+    syncOne(parent);
     return {};
+}
+
+void clearInstallLeftovers(const QString &bundleName, const QString &folder)
+{
+    const QDir parent(folder);
+    const QString place = parent.filePath(bundleName);
+    for (const QString &name :
+         parent.entryList({kScratch + QStringLiteral("*")}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks)) {
+        const QString left = parent.filePath(name);
+        const int lock = lockFolder(left);
+        if (lock < 0) continue;
+        const QString old = left + "/old";
+        // Earlier versions put the installed bundle aside first; one that was ended then left none in its place.
+        if (!QFileInfo::exists(place) && QFileInfo(old).isDir()) QDir().rename(old, place);
+        if (QFileInfo(place).isDir()) QDir(left).removeRecursively();
+        ::close(lock);
+    }
 }

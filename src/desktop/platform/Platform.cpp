@@ -1,5 +1,7 @@
 #include "desktop/platform/Platform.h"
 
+#include "desktop/platform/BundleInstall.h"
+
 #include <QCoreApplication>
 
 #ifdef Q_OS_MACOS
@@ -18,6 +20,11 @@ Platform &platform()
 {
     static BuiltInPlatform builtIn;
     return theReplacement ? *theReplacement : builtIn;
+}
+
+void Platform::clearInstallLeftovers(const QString &bundleName, const QString &folder)
+{
+    ::clearInstallLeftovers(bundleName, folder);
 }
 
 void setPlatform(Platform *replacement)

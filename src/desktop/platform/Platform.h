@@ -68,6 +68,8 @@ public:
     /// program's path in the bundle. Returns "" or what a person is told. May be called from another thread.
     virtual QString installBundle(const QString &archive, const QString &bundleName, const QString &program,
                                   const QString &folder) = 0;
+    /// Tidies up after an installing of `bundleName` in `folder` that was ended on its way.
+    virtual void clearInstallLeftovers(const QString &bundleName, const QString &folder);
 
     /// "" if results may be saved below `folder`, else the text to show a person.
     virtual QString destinationRefusal(const QString &folder) = 0;
