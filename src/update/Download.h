@@ -6,6 +6,7 @@
 #include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 class Download : public QObject
 {
@@ -17,9 +18,11 @@ public:
     ~Download() override;
 
     /// Fetches `address` into a new file at `path`; what stands there is removed first. A server that sends nothing for
-    /// `setTimeout` ends the transfer, and so do more than five redirections, one from https to http, and more bytes
-    /// than `limit`.
-    void start(const QString &address, const QString &path, qint64 limit);
+    /// `setTimeout` ends the transfer, and so do more than five redirections, one to an address that isn't `isSafe`, more
+    /// bytes than `limit`, and more time than `longest` (milliseconds) from start to end.
+    void start(const QString &address, const QString &path, qint64 limit, int longest);
+    /// True for https, and for http to this machine itself ("localhost", 127.0.0.0/8, ::1).
+    static bool isSafe(const QUrl &address);
     void cancel();
     /// Writes what has arrived to the file.
     void takeArrived();
@@ -36,9 +39,12 @@ signals:
     void finished();
 
 private:
+    void giveUp(const QString &why);
+
     QNetworkAccessManager m_manager;
     QPointer<QNetworkReply> m_reply;
     QFile m_file;
     qint64 m_limit = 0;
     QString m_problem;
+    QTimer m_longest;
 };

@@ -1,6 +1,7 @@
 #include "update/QCheckUpdate.h"
 
 #include "dialogs/MessageBox.h"
+#include "update/QDownloadApp.h"
 #include "update/QMajorUpdate.h"
 #include "update/QMinorUpdate.h"
 #include "update/UpdateState.h"
@@ -9,31 +10,29 @@
 #include <QCoreApplication>
 #include <QDebug>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QUrl>
 
 #include <array>
+#include <optional>
 
 namespace {
 
 const char kCurrentVersion[] = "7.0.0.0";
 constexpr qint64 kTextLimit = 64 * 1024; // a version is a dozen bytes; the rest is some page of a server's
 
-/// The four numbers of a version. The first may have two digits; of the others the one digit counts that stands where a
-/// version of four single digits would have it.
-std::array<int, 4> fieldsOf(const QString &version)
-{
-    const QString first = version.split('.').first();
-    const int length = first.size();
-    const int start = length == 1 || length == 2 ? length + 1 : 0;
-    std::array<int, 4> fields{first.toInt()};
-    for (int i = 1; i < 4; ++i) fields[size_t(i)] = version.mid(start == 0 ? 0 : start + 2 * (i - 1), 1).toInt();
-    return fields;
-}
+constexpr int kLongest = 60 * 1000;
 
-int scoreOf(const std::array<int, 4> &fields)
+/// The four numbers of a version, those that it leaves out being 0; nothing for any other text.
+std::optional<std::array<int, 4>> fieldsOf(const QString &version)
 {
-    return fields[0] * 1000 + fields[1] * 100 + fields[2] * 10 + fields[3];
+    static const QRegularExpression form(QStringLiteral("^[0-9]{1,6}(\\.[0-9]{1,6}){0,3}\\z"));
+    if (!form.match(version).hasMatch()) return {};
+    std::array<int, 4> fields{};
+    size_t i = 0;
+    for (const QString &field : version.split('.')) fields[i++] = field.toInt();
+    return fields;
 }
 
 } // namespace
@@ -59,7 +58,7 @@ void QCheckUpdate::ConnectingServer()
     VersionTxtPath = updateFolder() + QFileInfo(QUrl(address).path()).fileName();
     // Without an address the fetch fails like one without a network: the folder has no such file either.
     if (address.isEmpty()) VersionTxtPath = updateFolder() + "Kesmira.txt";
-    m_download.start(address, VersionTxtPath, kTextLimit);
+    m_download.start(address, VersionTxtPath, kTextLimit, kLongest);
 }
 
 bool QCheckUpdate::CheckIfCurrentVersionLatest(const QString &version)
@@ -78,12 +77,27 @@ QCheckUpdate::Offer QCheckUpdate::compare(const QString &fetched, const QString 
 {
     const auto is = fieldsOf(fetched);
     const auto was = fieldsOf(current);
-    if (scoreOf(is) < scoreOf(was) || fetched == current) return Offer::None;
-    if (is[0] > was[0]) return Offer::Major;
-    // A smaller field doesn't end it: the next one may still be greater.
-    for (size_t i = 1; i < is.size(); ++i)
-        if (is[i] > was[i]) return Offer::Minor;
-    return Offer::NoneGreater;
+    if (!is || !was || *is <= *was) return Offer::None;
+    return (*is)[0] > (*was)[0] ? Offer::Major : Offer::Minor;
+}
+
+bool QCheckUpdate::isNewer(const QString &version)
+{
+    return compare(version, QLatin1String(kCurrentVersion)) != Offer::None;
+}
+
+void QCheckUpdate::begin(QWidget *window)
+{
+    for (auto *dialog : window->findChildren<FramelessDialog *>()) {
+        const bool checks = qobject_cast<QCheckUpdate *>(dialog);
+        const bool goesOn = qobject_cast<UpdateOffer *>(dialog) || qobject_cast<QDownloadApp *>(dialog);
+        if (!checks && !(goesOn && dialog->isVisible())) continue;
+        dialog->show();
+        dialog->raise();
+        dialog->activateWindow();
+        return;
+    }
+    (new QCheckUpdate(window))->show();
 }
 
 void QCheckUpdate::downloadFinishedTxt()

@@ -25,9 +25,14 @@ public:
     static bool CheckIfCurrentVersionLatest(const QString &version);
 
     enum class Offer { None, NoneGreater, Minor, Major };
-    /// What a fetched version means for a program of version `current`: None for one that is older or the same, NoneGreater
-    /// for another one without a greater field. Fields behind the first are looked at by one digit alone.
+    /// What a fetched version means for a program of version `current`, compared number by number, the first difference
+    /// deciding: Major or Minor for a greater one, None for one that is older, the same, or no version at all. NoneGreater
+    /// is left to what was installed before.
     static Offer compare(const QString &fetched, const QString &current);
+    /// True if `version` is greater than that of this program.
+    static bool isNewer(const QString &version);
+    /// Begins a check over `window`, or brings the check, offer or download to the front that is there already.
+    static void begin(QWidget *window);
 
 public slots:
     void downloadReadyReadTxt();

@@ -1,6 +1,8 @@
 #include "update/QDownloadApp.h"
 
 #include "desktop/platform/Platform.h"
+#include "update/QCheckUpdate.h"
+#include "update/UpdateSignature.h"
 #include "update/UpdateState.h"
 #include "update/ui_DownloadApp.h"
 
@@ -19,6 +21,9 @@ namespace {
 
 const char kBundle[] = "Kesmira.app";
 constexpr qint64 kArchiveLimit = qint64(2) << 30;
+constexpr int kArchiveLongest = 6 * 60 * 60 * 1000; // 2 GiB over a slow line
+constexpr qint64 kSignatureBytes = 64;
+constexpr int kSignatureLongest = 60 * 1000;
 constexpr double kMiB = 1.0 / (1 << 20);
 
 } // namespace
@@ -33,6 +38,8 @@ QDownloadApp::QDownloadApp(QWidget *parent) : FramelessDialog(parent), ui(std::m
     connect(&m_download, &Download::readyRead, this, &QDownloadApp::downloadReadyRead);
     connect(&m_download, &Download::progress, this, &QDownloadApp::OnDownloadProgress);
     connect(&m_download, &Download::finished, this, &QDownloadApp::downloadFinished);
+    connect(&m_signature, &Download::readyRead, &m_signature, &Download::takeArrived);
+    connect(&m_signature, &Download::finished, this, &QDownloadApp::signatureFinished);
     downloadExe();
 }
 
@@ -48,11 +55,13 @@ void QDownloadApp::downloadExe()
     const QString address = updateAddress(QStringLiteral("Kesmira.zip"));
     const QString name = QFileInfo(QUrl(address).path()).fileName();
     m_time.start();
-    m_download.start(address, updateFolder() + (name.isEmpty() ? QStringLiteral("Kesmira.zip") : name), kArchiveLimit);
+    m_download.start(address, updateFolder() + (name.isEmpty() ? QStringLiteral("Kesmira.zip") : name), kArchiveLimit,
+                     kArchiveLongest);
 }
 
 QString QDownloadApp::elapsedText(qint64 milliseconds, qint64 received, qint64 total)
 {
+    total = std::max({total, received, qint64(0)}); // -1 where the server doesn't say
     const auto megabytes = [](qint64 bytes) { return QString::number(double(bytes) * kMiB, 'f', 2); };
     return tr("Time Elapsed: ") + QString::number(milliseconds / 1000) + tr(" sec ") + '(' + megabytes(received)
         + tr(" MB of  ") + megabytes(total) + tr(" MB copied) ");
@@ -85,7 +94,8 @@ void QDownloadApp::downloadFinished()
 {
     const QString problem = m_download.finish();
     if (problem.isEmpty()) {
-        install();
+        m_signature.start(updateAddress(QStringLiteral("Kesmira.zip.sig")), m_download.path() + ".sig", kSignatureBytes,
+                          kSignatureLongest);
         return;
     }
     QFile::remove(m_download.path());
@@ -115,22 +125,36 @@ void QDownloadApp::clearLeftovers(const QString &programFolder)
     if (!folder.isEmpty()) platform().clearInstallLeftovers(QLatin1String(kBundle), folder);
 }
 
-void QDownloadApp::install()
+void QDownloadApp::signatureFinished()
+{
+    const QString problem = m_signature.finish();
+    QFile file(m_signature.path());
+    QByteArray signature;
+    if (problem.isEmpty() && file.open(QIODevice::ReadOnly)) signature = file.readAll();
+    file.remove();
+    install(signature);
+}
+
+void QDownloadApp::install(const QByteArray &signature)
 {
     const QString folder = installFolder(ApplicationPath);
-    if (folder.isEmpty()) {
-        QFile::remove(m_download.path());
-        conclude(tr("This program is updated by the system that installed it."));
-        return;
-    }
     const QString program = QDir(folder + '/' + kBundle).relativeFilePath(QCoreApplication::applicationFilePath());
+    const QString foreign = tr("This isn't an update of the maker's, and it was not installed.");
+    const QString elsewhere = tr("This program is updated by the system that installed it.");
     ui->CancelBtn->setEnabled(false);
-    m_installing = QThread::create([this, folder, program, archive = m_download.path()] {
-        const QString problem = platform().installBundle(archive, QLatin1String(kBundle), program, folder);
-        QFile::remove(archive);
-        QMetaObject::invokeMethod(
-            this, [this, problem] { conclude(problem); }, Qt::QueuedConnection);
-    });
+    m_installing = QThread::create(
+        [=, this, archive = m_download.path(), key = updateKey(), version = fieldText(softwareUpdate.version)] {
+            QString problem;
+            if (!QCheckUpdate::isNewer(version) || !isSignedUpdate(archive, version, signature, key))
+                problem = foreign;
+            else if (folder.isEmpty())
+                problem = elsewhere;
+            else
+                problem = platform().installBundle(archive, QLatin1String(kBundle), program, folder);
+            QFile::remove(archive);
+            QMetaObject::invokeMethod(
+                this, [this, problem] { conclude(problem); }, Qt::QueuedConnection);
+        });
     m_installing->setParent(this);
     m_installing->start();
 }
@@ -164,14 +188,20 @@ void QDownloadApp::OnOk()
         return;
     }
     ApplicationSettings();
-    // The program ends by itself; nothing needs to kill it.
-    QCoreApplication::quit();
+    QWidget *window = parentWidget();
+    close();
+    // The window asks about a run that goes on and about what isn't saved; the new version waits for the next start.
+    if (window)
+        QMetaObject::invokeMethod(window->window(), "close", Qt::QueuedConnection);
+    else
+        QCoreApplication::quit();
 }
 
 void QDownloadApp::reject()
 {
     if (m_installing) return;
     m_download.cancel();
+    m_signature.cancel();
     FramelessDialog::reject();
 }
 

@@ -27,7 +27,8 @@ public:
     /// Keeps the offered update's kind, version and title in the store "apple"/"KMVR.db".
     void ApplicationSettings();
 
-    /// "Time Elapsed: 3 sec (1.50 MB of  10.00 MB copied) "; times in milliseconds, sizes in bytes.
+    /// "Time Elapsed: 3 sec (1.50 MB of  10.00 MB copied) "; times in milliseconds, sizes in bytes, an
+    /// unknown `total` (-1) being what was received.
     static QString elapsedText(qint64 milliseconds, qint64 received, qint64 total);
     /// Whole MiB a second in KB; "" under a second and under a MiB.
     static QString rateText(qint64 milliseconds, qint64 received);
@@ -53,11 +54,14 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void install();
+    void signatureFinished();
+    /// Has the archive installed if `signature` is the maker's for it, as the version that was offered.
+    void install(const QByteArray &signature);
     void conclude(const QString &problem);
 
     std::unique_ptr<Ui::DownloadApp> ui;
     Download m_download;
+    Download m_signature;
     QElapsedTimer m_time;
     QThread *m_installing = nullptr;
     bool m_done = false; ///< the new version stands

@@ -5,7 +5,7 @@
 QMajorUpdate::QMajorUpdate(QWidget *parent) : UpdateOffer(parent, true)
 {
     connect(ui->VisitBtn, &QPushButton::clicked, this, &QMajorUpdate::OnVisitUpdatePage);
-    finishSetUp({560, 190}, ui->DownloadBtn);
+    finishSetUp({560, 190}, firstButton());
 }
 
 void QMajorUpdate::OnVisitUpdatePage()

@@ -4,5 +4,5 @@
 
 QMinorUpdate::QMinorUpdate(QWidget *parent) : UpdateOffer(parent, false)
 {
-    finishSetUp({460, 190}, ui->DownloadBtn);
+    finishSetUp({460, 190}, firstButton());
 }

@@ -3,6 +3,7 @@
 #include "desktop/LinkFile.h"
 #include "desktop/platform/Platform.h"
 #include "update/QDownloadApp.h"
+#include "update/UpdateSignature.h"
 #include "update/UpdateState.h"
 #include "update/ui_UpdateOffer.h"
 
@@ -11,12 +12,19 @@ UpdateOffer::UpdateOffer(QWidget *parent, bool withPage)
 {
     ui->setupUi(content());
     ui->VisitBtn->setVisible(m_withPage);
+    // What can't be told from somebody else's archive isn't fetched.
+    ui->DownloadBtn->setVisible(!updateKey().isEmpty());
     connect(ui->DownloadBtn, &QPushButton::clicked, this, &UpdateOffer::DownloadApp);
     connect(ui->CancelBtn, &QPushButton::clicked, this, &UpdateOffer::CancelDownload);
     connect(ui->WhatNewBtn, &QPushButton::clicked, this, &UpdateOffer::WhatNewInUpdate);
 }
 
 UpdateOffer::~UpdateOffer() = default;
+
+QPushButton *UpdateOffer::firstButton() const
+{
+    return ui->DownloadBtn->isHidden() ? ui->CancelBtn : ui->DownloadBtn;
+}
 
 QString UpdateOffer::GetVersion()
 {

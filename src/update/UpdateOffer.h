@@ -11,6 +11,7 @@ namespace Ui {
 class UpdateOffer;
 }
 class QDownloadApp;
+class QPushButton;
 
 class UpdateOffer : public FramelessDialog
 {
@@ -36,6 +37,8 @@ signals:
 protected:
     UpdateOffer(QWidget *parent, bool withPage);
     void retranslate() override;
+    /// Download, or Cancel where there is no key to check a download by.
+    QPushButton *firstButton() const;
     /// Opens the address under `base` in the current language; without one nothing happens.
     static void openLink(const char *base);
 

@@ -98,6 +98,5 @@ void BrowseRepair::onAbout()
 void BrowseRepair::onUpdateWizard()
 {
     bCheckForUpdate = true;
-    auto *check = new QCheckUpdate(this);
-    check->show();
+    QCheckUpdate::begin(this);
 }

@@ -25,6 +25,8 @@ private slots:
     void cancelled();
     void longTextsAreCut();
     void offerOpensItsLinks();
+    void oneCheckAtATime();
+    void safeAddresses();
 };
 
 namespace {
@@ -65,8 +67,7 @@ void TestUpdateCheck::offers_data()
     QTest::newRow("two digits") << QByteArray("10.0.0.0") << "major";
     QTest::newRow("two digits, all fields") << QByteArray("12.3.4.5") << "major";
     QTest::newRow("older") << QByteArray("6.9.9.9") << "none";
-    QTest::newRow("of a field the first digit counts") << QByteArray("7.10.0.0") << "minor";
-    QTest::newRow("three digits: the first digit stands for all") << QByteArray("700.0.0.0") << "major";
+    QTest::newRow("words behind the numbers") << QByteArray("8.0.0.0 beta") << "none";
     QTest::newRow("no number") << QByteArray("seven") << "none";
     QTest::newRow("empty") << QByteArray() << "none";
     QTest::newRow("empty first line") << QByteArray("\n8.0.0.0") << "none";
@@ -77,6 +78,7 @@ void TestUpdateCheck::offers()
 {
     QFETCH(QByteArray, text);
     QFETCH(QString, shown);
+    QCOMPARE(QCheckUpdate::compare("7.9.0.0", "7.10.0.0"), QCheckUpdate::Offer::None);
     for (const bool asked : {true, false}) {
         UpdateRoom room;
         room.server.answers["/Kesmira.txt"] = {text};
@@ -178,13 +180,42 @@ void TestUpdateCheck::offerOpensItsLinks()
     QCOMPARE(runCheck(true), QString("major"));
     auto *offer = UpdateRoom::shown<QMajorUpdate>();
     QCOMPARE(offer->findChild<QLabel *>("label")->text(), QString("New version details: \nUpdate: Kesmira 8.0.0.0\n"));
+    QVERIFY(!offer->findChild<QPushButton *>("DownloadBtn")->isVisible()); // there is no key
     offer->findChild<QPushButton *>("WhatNewBtn")->click();
     offer->findChild<QPushButton *>("VisitBtn")->click();
     QCOMPARE(room.platform.calls,
              (QStringList{"open https://example.invalid/new", "open https://example.invalid/page"}));
+    room.link("UpdateKey", QByteArray(32, 'k').toBase64());
     QMinorUpdate minor;
     minor.show();
+    QVERIFY(minor.findChild<QPushButton *>("DownloadBtn")->isVisible());
     QVERIFY(!minor.findChild<QPushButton *>("VisitBtn")->isVisible());
+}
+
+void TestUpdateCheck::oneCheckAtATime()
+{
+    UpdateRoom room;
+    room.server.answers["/Kesmira.txt"] = {{}, {}, {}, -1, true};
+    QWidget window;
+    for (int i = 0; i < 3; ++i) QCheckUpdate::begin(&window);
+    QCOMPARE(window.findChildren<QCheckUpdate *>().size(), 1);
+}
+
+void TestUpdateCheck::safeAddresses()
+{
+    for (const char *safe : {"https://example.invalid/", "http://localhost:8/", "http://127.9.0.1/", "http://[::1]/"})
+        QVERIFY2(Download::isSafe(QUrl(safe)), safe);
+    for (const char *unsafe :
+         {"http://example.invalid/", "http://localhost@example.invalid/", "http://localhost.invalid/",
+          "ftp://127.0.0.1/", "file:///etc/passwd", "http://128.0.0.1/", ""})
+        QVERIFY2(!Download::isSafe(QUrl(unsafe)), unsafe);
+    for (const char *host : {"127.0.0.2", "0.0.0.0"}) { // the second one reaches the server too, but isn't said to
+        UpdateRoom room;
+        const QByteArray next = room.server.base().replace("127.0.0.1", host).toLatin1() + "next";
+        room.server.answers["/Kesmira.txt"] = {{}, "302 Found", "Location: " + next + "\r\n"};
+        room.server.answers["/next"] = {"8.0.0.0"};
+        QCOMPARE(runCheck(true), QString(host) == "0.0.0.0" ? QString("none") : QString("major"));
+    }
 }
 
 QTEST_MAIN(TestUpdateCheck)

@@ -4,9 +4,12 @@
 #include "support/Files.h"
 #include "update/QDownloadApp.h"
 #include "update/UpdateRoom.h"
+#include "update/UpdateSignature.h"
 
+#include <QCloseEvent>
 #include <QDirIterator>
 #include <QLabel>
+#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -118,6 +121,8 @@ private slots:
     void labels_data();
     void labels();
     void download();
+    void signatures_data();
+    void signatures();
     void failedDownload();
     void folderOfTheBundle();
 };
@@ -145,13 +150,13 @@ void TestUpdateInstall::refusals_data()
     QTest::newRow("link out") << with({"Kesmira.app/out", {}, AE_IFLNK, "../../../beside.txt"});
     QTest::newRow("absolute link") << with({"Kesmira.app/out", {}, AE_IFLNK, "/etc/passwd"});
     QTest::newRow("through a link") << (Entries{{"Kesmira.app", {}, AE_IFLNK, "."}, {"Kesmira.app/x", "evil"}});
-    QTest::newRow("link out of the bundle alone") << (with({"Kesmira.app/out", {}, AE_IFLNK, "../Other"})
-                                                      << Entry{"Other", "x"});
+    QTest::newRow("link out of the bundle alone")
+        << (with({"Kesmira.app/out", {}, AE_IFLNK, "../Other"}) << Entry{"Other", "x"});
     QTest::newRow("link to nothing") << with({"Kesmira.app/out", {}, AE_IFLNK, "none"});
-    QTest::newRow("bundle that is a link") << (Entries{{"Other/" + kProgram.toLatin1(), "x"},
-                                                       {"Kesmira.app", {}, AE_IFLNK, "Other"}});
-    QTest::newRow("link to the program's folder") << (Entries{{"Kesmira.app/Contents/bin/kesmira", "x"},
-                                                              {"Kesmira.app/Contents/MacOS", {}, AE_IFLNK, "bin"}});
+    QTest::newRow("bundle that is a link")
+        << (Entries{{"Other/" + kProgram.toLatin1(), "x"}, {"Kesmira.app", {}, AE_IFLNK, "Other"}});
+    QTest::newRow("link to the program's folder")
+        << (Entries{{"Kesmira.app/Contents/bin/kesmira", "x"}, {"Kesmira.app/Contents/MacOS", {}, AE_IFLNK, "bin"}});
     QTest::newRow("no bundle") << Entries{{"Other.app/" + kProgram.toLatin1(), "x"}};
     QTest::newRow("no program") << Entries{{"Kesmira.app/Contents/a.txt", "x"}};
     QTest::newRow("program that can't run") << Entries{{"Kesmira.app/" + kProgram.toLatin1(), "x", AE_IFREG, {}, 0644}};
@@ -252,6 +257,8 @@ void TestUpdateInstall::labels_data()
     constexpr qint64 kMB = 1 << 20;
     QTest::newRow("form") << 3999 << kMB * 3 / 2 << kMB * 10 << "Time Elapsed: 3 sec (1.50 MB of  10.00 MB copied) "
                           << "Transfer Rate: 341 KB/sec ";
+    QTest::newRow("of unknown size") << 500 << kMB << qint64(-1) << "Time Elapsed: 0 sec (1.00 MB of  1.00 MB copied) "
+                                     << "";
     QTest::newRow("under a second") << 999 << kMB * 8 << kMB * 10
                                     << "Time Elapsed: 0 sec (8.00 MB of  10.00 MB copied) "
                                     << "";
@@ -302,6 +309,86 @@ void TestUpdateInstall::download()
     QCOMPARE(store.value("VInfoType").toString() + store.value("VNo").toString() + store.value("VUpdate").toString(),
              QString("Major8.0.0.0Major Update"));
     QVERIFY(!QFileInfo::exists(QSettings("apple", "KMPR.db").fileName()));
+}
+
+void TestUpdateInstall::signatures_data()
+{
+    QTest::addColumn<QString>("offered");
+    QTest::addColumn<QString>("signedAs");
+    QTest::addColumn<QString>("damaged"); ///< what is changed after the signing
+    QTest::addColumn<bool>("taken");
+    QTest::newRow("the maker's") << "8.0.0.0"
+                                 << "8.0.0.0"
+                                 << "" << true;
+    QTest::newRow("an old one offered as new") << "8.0.0.0"
+                                               << "7.5.0.0"
+                                               << "" << false;
+    QTest::newRow("the installed version") << "7.0.0.0"
+                                           << "7.0.0.0"
+                                           << "" << false;
+    QTest::newRow("another archive") << "8.0.0.0"
+                                     << "8.0.0.0"
+                                     << "archive" << false;
+    QTest::newRow("another signature") << "8.0.0.0"
+                                       << "8.0.0.0"
+                                       << "signature" << false;
+    QTest::newRow("no signature") << "8.0.0.0"
+                                  << "8.0.0.0"
+                                  << "absent" << false;
+    QTest::newRow("cut signature") << "8.0.0.0"
+                                   << "8.0.0.0"
+                                   << "cut" << false;
+    QTest::newRow("another key") << "8.0.0.0"
+                                 << "8.0.0.0"
+                                 << "key" << false;
+}
+
+/// Signed with the tool that the maker uses.
+void TestUpdateInstall::signatures()
+{
+    QFETCH(QString, offered);
+    QFETCH(QString, signedAs);
+    QFETCH(QString, damaged);
+    UpdateRoom room;
+    QByteArray archive = "an archive";
+    QDir::setCurrent(room.folder.path());
+    QFile zip("Kesmira.zip");
+    QVERIFY(zip.open(QIODevice::WriteOnly) && zip.write(archive) == archive.size());
+    zip.close();
+    const QString steps = "openssl genpkey -algorithm ed25519 -out key.pem && "
+                          "openssl pkey -in key.pem -pubout -outform DER | tail -c 32 | base64 > key.txt && "
+                          "{ echo 'Kesmira update'; echo "
+        + signedAs
+        + "; sha512sum < Kesmira.zip | cut -d' ' -f1; } > text && "
+          "openssl pkeyutl -sign -rawin -inkey key.pem -in text -out Kesmira.zip.sig";
+    QCOMPARE(QProcess::execute("sh", {"-c", steps}), 0);
+    QByteArray signature = contents("Kesmira.zip.sig");
+    if (damaged == "archive") archive[0] = 'A';
+    if (damaged == "signature") signature[10] = char(signature[10] ^ 1);
+    if (damaged == "cut") signature.chop(1);
+    const QByteArray key = damaged == "key" ? QByteArray(32, 'k').toBase64() : contents("key.txt").trimmed();
+    room.link("UpdateKey", key);
+    room.server.answers["/Kesmira.zip"] = {archive};
+    if (damaged != "absent") room.server.answers["/Kesmira.zip.sig"] = {signature};
+    fillSoftwareUpdate("Major", offered, "Major Update");
+    struct : QWidget
+    {
+        void closeEvent(QCloseEvent *event) override { ++asked, event->ignore(); }
+        int asked = 0;
+    } window;
+    QDownloadApp dialog(&window);
+    const Installed place;
+    ApplicationPath = place.apps() + "/Kesmira.app/Contents/Resources/Kesmira.app/Contents/MacOS";
+    QDir().mkpath(ApplicationPath);
+    QSignalSpy installed(&dialog, &QDownloadApp::installed);
+    QVERIFY(installed.wait(20000));
+    QTEST(!room.platform.calls.isEmpty(), "taken");
+    QCOMPARE(installed[0][0].toString().isEmpty(), !room.platform.calls.isEmpty());
+    QCOMPARE(QDir(updateFolder()).entryList(QDir::Files), QStringList());
+    // The program's own window is asked, and may stay for what isn't saved.
+    dialog.findChild<QPushButton *>("OkBtn")->click();
+    QCoreApplication::processEvents();
+    QCOMPARE(window.asked, int(!room.platform.calls.isEmpty()));
 }
 
 void TestUpdateInstall::failedDownload()
