@@ -6,7 +6,6 @@
 #include "desktop/Paths.h"
 #include "desktop/SingleInstance.h"
 #include "tables/TableLibrary.h"
-#include "update/QDownloadApp.h"
 #include "window/BrowseRepair.h"
 
 #include <QApplication>
@@ -99,7 +98,7 @@ int main(int argc, char *argv[])
     case SingleInstance::Start::Refused: return refuse(why);
     }
 
-    QDownloadApp::clearLeftovers(QCoreApplication::applicationDirPath());
+    BrowseRepair::clearUpdateLeftovers();
 
     auto *window = new BrowseRepair; // lives as long as the process
     QObject::connect(&instance, &SingleInstance::asked, window, &BrowseRepair::ComeToFront);

@@ -63,6 +63,8 @@ public:
     bool workerRuns() const { return m_workerBusy; }
     /// Text of the size column: KiB in whole MiB steps from 1 MiB on; "0" from 1 GiB on.
     static QString GetSizeOfItem(long long bytes);
+    /// For the start: tidies up after an update that was ended on its way.
+    static void clearUpdateLeftovers();
 
 public slots:
     // File list

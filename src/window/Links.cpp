@@ -5,10 +5,12 @@
 #include "desktop/platform/Platform.h"
 #include "dialogs/AboutDlg.h"
 #include "update/QCheckUpdate.h"
+#include "update/QDownloadApp.h"
 #include "update/UpdateState.h"
 #include "window/BrowseRepair.h"
 #include "window/MyTreeWidget.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace {
@@ -93,6 +95,11 @@ void BrowseRepair::onMailVorlaneSupport()
 void BrowseRepair::onAbout()
 {
     AboutDlg(this).exec();
+}
+
+void BrowseRepair::clearUpdateLeftovers()
+{
+    QDownloadApp::clearLeftovers(QCoreApplication::applicationDirPath());
 }
 
 void BrowseRepair::onUpdateWizard()

@@ -22,7 +22,7 @@ public:
 
     LoopbackServer()
     {
-        m_server.listen(QHostAddress::AnyIPv4);
+        m_server.listen(QHostAddress::LocalHost);
         QObject::connect(&m_server, &QTcpServer::newConnection, [this] {
             QTcpSocket *socket = m_server.nextPendingConnection();
             QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
