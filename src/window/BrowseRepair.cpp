@@ -14,7 +14,10 @@
 #include "window/DetailsPane.h"
 #include "window/DrgDrp.h"
 #include "window/Globals.h"
+#include "window/ListCount.h"
 #include "window/MyTreeWidget.h"
+#include "window/ResultSummary.h"
+#include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QEvent>
@@ -129,8 +132,10 @@ void BrowseRepair::buildTrees()
     pResultTree->setObjectName(QStringLiteral("pResultTree"));
     pResultTree->setGeometry(22, 180, 400, 290);
     pResultTree->setAttribute(Qt::WA_MacShowFocusRect, false);
-    m_details = new DetailsPane(ui->frame2);
+    m_details = new DetailsPane(pResultTree, ui->frame2);
     m_details->setGeometry(432, 474, 400, 68); // the free band under the preview
+    m_listCount = new ListCount(pFileList, ui->frame);
+    m_summary = new ResultSummary(pResultTree, ui->frame2);
 }
 
 void BrowseRepair::buildDropArea()
@@ -205,6 +210,7 @@ void BrowseRepair::retranslate()
     pResultTree->setAccessibleName(tr("Repair results"));
     m_details->setAccessibleName(tr("Details"));
     retranslateMoreTools();
+    m_listCount->count();
     for (const auto &[place, words] : m_words) words();
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
         const QString type = (*it)->data(column::Type, Qt::UserRole).toString();
@@ -212,6 +218,9 @@ void BrowseRepair::retranslate()
         CustomButton *button = buttonOf(*it);
         if (button && !button->text().isEmpty()) button->setText(tr(button->property(kWords).toByteArray()));
     }
+    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) describeRows(sourceRow(i));
+    m_summary->retranslate();
+    m_details->refresh();
 }
 
 void BrowseRepair::say(const QObject *place, std::function<void()> words)
@@ -241,6 +250,7 @@ void BrowseRepair::connectSignals()
     connect(ui->StartRepairFilesBtn, &QPushButton::clicked, this, &BrowseRepair::OnSaveWindow);
 
     connect(pResultTree, &QTreeWidget::itemClicked, this, &BrowseRepair::OnItemClicked);
+    connect(m_summary, &ResultSummary::filtered, this, &BrowseRepair::OnFiltered);
     connect(pResultTree, &MyTreeWidget::rowEntered, this, &BrowseRepair::OnRowEntered);
     connect(pResultTree, &MyTreeWidget::rowReached, this, [this](QTreeWidgetItem *item) {
         // A click folds its row; whoever walks through the tree by arrow keys must find the rows below.
@@ -292,7 +302,8 @@ void BrowseRepair::orderFocus()
     const QList<QWidget *> first{
         pDropButton,   pFileList,   ui->checkBox1,   ui->AddFilesBtn, ui->RemovFileBtn, ui->StartRepairFilesBtn,
         ui->UpdateBtn, ui->HelpBtn, ui->MiniMaBtn_2, ui->closeBtn_2,  pMoreToolsBtn};
-    const QList<QWidget *> second{
+    QList<QWidget *> second = m_summary->stops();
+    second << QList<QWidget *>{
         pResultTree,         m_details,     ui->checkBox1_2, ui->checkBox3, ui->StopRepairProcessBtn_2,
         ui->SaveRepairBtn_2, ui->BackBtn_2, ui->UpdateBtn_2, ui->HelpBtn_1, ui->MiniMaBtn,
         ui->closeBtn};

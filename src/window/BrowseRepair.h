@@ -32,6 +32,7 @@ class BackApplicationDlg;
 class DeepRoad;
 class DetailsPane;
 class DrgDrp;
+class ListCount;
 class MessageBox;
 class MyTreeWidget;
 class QAbstractButton;
@@ -41,6 +42,7 @@ class QPushButton;
 class QTimer;
 class QTreeWidget;
 class QTreeWidgetItem;
+class ResultSummary;
 class Ui_BrowseRepairObj;
 struct FileOutcome;
 
@@ -257,7 +259,6 @@ private:
     /// On the worker, behind the other ways and once their rows are posted: adds one more row if a salvage gives one.
     void salvageRow(DeepRoad &deep, const RunRow &row, int number, FileOutcome &outcome);
     void showSalvageStart(const QString &name);
-    void addSalvagedRow(QTreeWidgetItem *source, const OutputRow &output, const QString &text);
     /// True for the row of a salvaged picture, whatever it is called in the language of the interface.
     static bool isSalvaged(const QTreeWidgetItem *row);
 
@@ -271,14 +272,12 @@ private:
     /// The button of a source row, made at the first call.
     CustomButton *makeButton(int index);
     void addOutputRow(QTreeWidgetItem *source, const OutputRow &row, bool leftAligned, bool withResolution);
-    /// A badge beside the type, and its words for whoever doesn't see it.
-    static void showWholeness(QTreeWidgetItem *row, const Wholeness &wholeness);
     /// The word of an output row in the language of the interface.
     static QString typeText(const QString &type);
     void showRunStart();
     void showFileStart(const QString &name);
     /// Tells what was done for a source, at its row, its button and its outputs; a salvaged one has words of its own.
-    void setReportTip(QTreeWidgetItem *source, const QString &text);
+    void setReport(QTreeWidgetItem *source, const FileOutcome &outcome);
     void finishStoppedRows();
     void finishRun();
     QTreeWidgetItem *sourceRow(int number) const;
@@ -312,6 +311,10 @@ private:
     CustomButton *buttonOf(const QTreeWidgetItem *row) const;
     void countChecks();
     void previewRow(QTreeWidgetItem *item);
+    /// The summary and the details once a run is over.
+    void showFindings();
+    /// A current row that isn't seen any more gives its place to the first that is.
+    void OnFiltered();
     void showPicture(const QImage &image, const QSize &fullSize);
     void showNoPreview();
     void OnRowEntered(QTreeWidgetItem *item);
@@ -320,7 +323,7 @@ private:
     // Repair with a sample
     QTreeWidgetItem *firstRowNamed(const QString &name, Qt::CaseSensitivity sensitivity = Qt::CaseSensitive) const;
     QString pathOfSampleRow() const;
-    void showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const QString &text);
+    void showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const FileOutcome &outcome);
     QTreeWidgetItem *rowOfPath(const QString &path) const;
     QString sampleText(const QString &path) const;
     void showSampleRunStart(int total);
@@ -344,6 +347,8 @@ private:
     DetailsPane *m_details = nullptr;
     QPushButton *pDropButton = nullptr;
     QLabel *pDropHint = nullptr;
+    ListCount *m_listCount = nullptr;
+    ResultSummary *m_summary = nullptr;
     MessageBox *pMessageBox = nullptr;
     BackApplicationDlg *pBackDlg = nullptr;
     QPointer<AdvancedRepairDlg> pAdvancedDlg;

@@ -61,13 +61,12 @@ void BrowseRepair::salvageRow(DeepRoad &deep, const RunRow &row, int number, Fil
         postStep(number);
         postProgress(number);
     }
-    const QString text = salvageText(outcome.report.salvage);
-    if (stopRequested() || text.isEmpty()) return;
+    if (stopRequested() || salvageText(outcome.report.salvage).isEmpty()) return;
     const OutputRows outputs = makeRows(outcome);
     for (const OutputRow &output : outputs.rows)
         if (output.type == QLatin1String("Salvaged"))
-            postToRun([this, row = row.row, output, text] { addSalvagedRow(sourceRow(row), output, text); });
-    postToRun([this, row = row.row, all = reportText(outcome)] { setReportTip(sourceRow(row), all); });
+            postToRun([this, row = row.row, output] { addOutputRow(sourceRow(row), output, true, true); });
+    postToRun([this, row = row.row, outcome] { setReport(sourceRow(row), outcome); });
 }
 
 void BrowseRepair::showSalvageStart(const QString &name)
@@ -79,13 +78,4 @@ void BrowseRepair::showSalvageStart(const QString &name)
     emit ShowProgressLabel(lead + metrics.elidedText(name, Qt::ElideMiddle, room), ui->Percnt_Label->text());
     // Nobody knows how long it takes: the bar moves without an end.
     ui->progressBar_2->setRange(0, 0);
-}
-
-void BrowseRepair::addSalvagedRow(QTreeWidgetItem *source, const OutputRow &output, const QString &text)
-{
-    addOutputRow(source, output, true, true);
-    QTreeWidgetItem *row = source->child(source->childCount() - 1);
-    const QString words = wholenessWords(output.wholeness);
-    for (int cell : {column::Name, column::Type, column::Resolution})
-        row->setToolTip(cell, words.isEmpty() ? text : words + '\n' + text);
 }

@@ -1,17 +1,26 @@
-// The words about the current row of the results, under its preview: what the tool tips say, without hovering.
+// The words about the current row of the results, under its preview: what the tool tips say, without hovering, and what
+// to do next.
 #pragma once
 
-#include <QPlainTextEdit>
+#include <QTextEdit>
 
+class QTreeWidget;
 class QTreeWidgetItem;
 
-class DetailsPane : public QPlainTextEdit
+class DetailsPane : public QTextEdit
 {
     Q_OBJECT
 
 public:
-    explicit DetailsPane(QWidget *parent);
+    /// Hidden until a row is shown; then it follows the current row of `tree`, which must outlive it.
+    DetailsPane(QTreeWidget *tree, QWidget *parent);
 
-    /// Shows the full name of the row and what its tip says, as plain text that can be selected; null empties and hides it.
+    /// Shows the full name of the row and what is known of it, as plain text that can be selected, in the language of the
+    /// interface; null empties and hides it.
     void showRow(const QTreeWidgetItem *row);
+    /// Says it anew, as the language or what is known of the current row has changed.
+    void refresh();
+
+private:
+    QTreeWidget *m_tree;
 };

@@ -3,7 +3,6 @@
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/MyTreeWidget.h"
-#include "window/ReportText.h"
 
 #include <QFileInfo>
 
@@ -31,19 +30,22 @@ void BrowseRepair::OnRepairHEICWithRefFiles()
     const OutputRows rows = makeSampleRows(outcome);
     const bool stopped = stopRequested();
     if (stopped) resetRunFields();
-    postToRun([this, rows, stopped, fileName = QFileInfo(path).fileName(), text = reportText(outcome)] {
-        showHeicSampleOutput(fileName, rows, text);
+    postToRun([this, rows, stopped, fileName = QFileInfo(path).fileName(), outcome] {
+        showHeicSampleOutput(fileName, rows, outcome);
         m_stopSeen = stopped;
         emit CompletionMsgBox();
     });
 }
 
-void BrowseRepair::showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const QString &text)
+void BrowseRepair::showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const FileOutcome &outcome)
 {
     QTreeWidgetItem *target = firstRowNamed(fileName, Qt::CaseInsensitive);
     if (!target) return;
     if (!rows.rows.isEmpty()) {
         target->setText(column::Status, QLatin1String(status::Repaired));
+        // The tiles alone of the run before lay under the same name, and are replaced.
+        for (int i = target->childCount() - 1; i >= 0; --i)
+            if (target->child(i)->text(column::Name) == rows.rows.first().name) delete target->takeChild(i);
         addOutputRow(target, rows.rows.first(), false, false);
         target->child(target->childCount() - 1)->setCheckState(column::Name, Qt::Checked);
         bHasRepaired = true;
@@ -53,5 +55,5 @@ void BrowseRepair::showHeicSampleOutput(const QString &fileName, const OutputRow
             break;
         }
     }
-    setReportTip(target, text);
+    setReport(target, outcome);
 }

@@ -95,20 +95,6 @@ QString salvageWord(const QString &word)
     return word;
 }
 
-/// What a person can try next; empty where nothing helps or nothing is wanted.
-QStringList advice(const FileOutcome &outcome)
-{
-    QStringList lines;
-    const RepairReport &report = outcome.report;
-    if (report.tilesAlone)
-        lines << translated(QT_TRANSLATE_NOOP(
-            "ReportText",
-            "Only the image tiles are there, which nothing opens. A sample from the same camera may help."));
-    if (deepSalvageMayHelp(outcome.source, report))
-        lines << translated(QT_TRANSLATE_NOOP("ReportText", "Deep salvage may bring back more."));
-    return lines;
-}
-
 } // namespace
 
 QString wholenessWords(const Wholeness &wholeness)
@@ -141,6 +127,19 @@ QString salvageText(const SalvageReport &salvage)
         .arg(steps.join(QLatin1String(", ")), certainty);
 }
 
+QStringList adviceLines(const FileOutcome &outcome)
+{
+    QStringList lines;
+    const RepairReport &report = outcome.report;
+    if (report.tilesAlone)
+        lines << translated(QT_TRANSLATE_NOOP(
+            "ReportText",
+            "Only the image tiles are there, which nothing opens. A sample from the same camera may help."));
+    if (deepSalvageMayHelp(outcome.source, report))
+        lines << translated(QT_TRANSLATE_NOOP("ReportText", "Deep salvage may bring back more."));
+    return lines;
+}
+
 QString reportText(const FileOutcome &outcome)
 {
     const RepairReport &report = outcome.report;
@@ -167,7 +166,7 @@ QString reportText(const FileOutcome &outcome)
     if (!lines.contains(why) && !why.isEmpty()) lines << why;
     const QString salvaged = salvageText(report.salvage);
     if (!salvaged.isEmpty()) lines << salvaged;
-    lines << advice(outcome);
+    lines << adviceLines(outcome);
     if (lines.isEmpty()) lines << translated(QT_TRANSLATE_NOOP("ReportText", "Nothing came out of this file."));
     return lines.join('\n');
 }

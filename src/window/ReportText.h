@@ -3,13 +3,16 @@
 
 #include "engine/RepairReport.h"
 
-#include <QString>
+#include <QStringList>
 
 struct FileOutcome;
 struct SalvageReport;
 
 /// One line for each thing: what was mended, or why nothing came out; never empty.
 QString reportText(const FileOutcome &outcome);
+
+/// What may bring back more of a file, a line each; part of reportText(). Empty where nothing helps or nothing is wanted.
+QStringList adviceLines(const FileOutcome &outcome);
 
 /// What deep salvage did, and how sure its picture is, in one line; empty if it had nothing to do.
 QString salvageText(const SalvageReport &salvage);

@@ -7,8 +7,11 @@
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
+#include "window/DetailsPane.h"
 #include "window/Globals.h"
 #include "window/MyTreeWidget.h"
+#include "window/ResultSummary.h"
+#include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
 namespace {
@@ -92,6 +95,28 @@ void BrowseRepair::OnCompletionMsgBox()
         if (isOutput(*it)) (*it)->setCheckState(column::Name, Qt::Checked);
     ui->checkBox1_2->setCheckState(outputs == 0 ? Qt::Unchecked : Qt::Checked);
     pResultTree->setFocus();
+    showFindings();
+}
+
+void BrowseRepair::showFindings()
+{
+    m_summary->refresh();
+    if (!pResultTree->currentItem()) pResultTree->setCurrentItem(pResultTree->topLevelItem(0));
+    m_details->showRow(pResultTree->currentItem());
+}
+
+void BrowseRepair::OnFiltered()
+{
+    QTreeWidgetItem *current = pResultTree->currentItem();
+    if (!current) return;
+    const QTreeWidgetItem *source = current->parent() ? current->parent() : current;
+    if (!source->isHidden()) return;
+    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
+        if (pResultTree->topLevelItem(i)->isHidden()) continue;
+        pResultTree->setCurrentItem(pResultTree->topLevelItem(i));
+        previewRow(pResultTree->topLevelItem(i));
+        return;
+    }
 }
 
 void BrowseRepair::showButtonsByStatus()
@@ -99,7 +124,7 @@ void BrowseRepair::showButtonsByStatus()
     for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
         const QTreeWidgetItem *row = pResultTree->topLevelItem(i);
         CustomButton *button = buttonOf(row);
-        if (hasStatus(row, {status::Invalid, status::StoppedSample, status::Queued})) {
+        if (hasStatus(row, {status::Invalid, status::StoppedSample, status::Queued}) || holdsTilesAlone(row)) {
             makeAdvanceButton(makeButton(i), QT_TR_NOOP("Advance Repair"));
         } else if (button && hasStatus(row, {status::Sample, status::Output, status::Repaired})) {
             button->hide();

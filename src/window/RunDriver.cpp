@@ -123,7 +123,7 @@ bool BrowseRepair::postOutputs(const RunRow &row, const FileOutcome &outcome, un
         if (counts) ++buttonIndex;
         first = false;
     }
-    postToRun([this, row = row.row, text = reportText(outcome)] { setReportTip(sourceRow(row), text); });
+    postToRun([this, row = row.row, outcome] { setReport(sourceRow(row), outcome); });
     return outputs.sourceStatus != QLatin1String(status::Stopped);
 }
 

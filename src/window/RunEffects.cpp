@@ -8,18 +8,12 @@
 #include "window/DetailsPane.h"
 #include "window/KindIcon.h"
 #include "window/MyTreeWidget.h"
-#include "window/ReportText.h"
+#include "window/ResultSummary.h"
+#include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QFileInfo>
 #include <QPixmap>
-
-namespace {
-
-/// On the type of an output row: how much of the picture is there, in words.
-constexpr int kWholenessRole = Qt::UserRole + 2;
-
-} // namespace
 
 QString BrowseRepair::typeText(const QString &type)
 {
@@ -38,6 +32,8 @@ QTreeWidgetItem *BrowseRepair::sourceRow(int number) const
 void BrowseRepair::showRunStart()
 {
     ui->progressBar_2->show();
+    m_summary->hide();
+    m_details->showRow(nullptr);
     ui->BackBtn_2->setEnabled(false);
     lstRepairedInfo.clear();
     ui->progressBar_2->setValue(0);
@@ -69,7 +65,7 @@ void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output
     row->setIcon(column::Name,
                  output.icon.isNull() ? kindIcon(QFileInfo(output.name).suffix())
                                       : QIcon(QPixmap::fromImage(output.icon)));
-    showWholeness(row, output.wholeness);
+    keepWholeness(row, output.wholeness);
     source->addChild(row);
     emit ExpandThumb(source);
     curFileInfo.strName = output.name;
@@ -77,29 +73,11 @@ void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output
     lstRepairedInfo.append(curFileInfo);
 }
 
-void BrowseRepair::showWholeness(QTreeWidgetItem *row, const Wholeness &wholeness)
+void BrowseRepair::setReport(QTreeWidgetItem *source, const FileOutcome &outcome)
 {
-    const QString word = completenessWord(wholeness.completeness);
-    if (word.isEmpty()) return;
-    const QString words = wholenessWords(wholeness);
-    row->setIcon(column::Type, QIcon(QStringLiteral(":/res/badge-%1.png").arg(word)));
-    row->setData(column::Type, Qt::AccessibleTextRole, QString(row->text(column::Type) + QLatin1String(". ") + words));
-    row->setData(column::Type, kWholenessRole, words);
-}
-
-void BrowseRepair::setReportTip(QTreeWidgetItem *source, const QString &text)
-{
-    if (!source || text.isEmpty()) return;
-    source->setToolTip(column::Name, text);
-    source->setToolTip(column::Type, text);
-    for (int i = 0; i < source->childCount(); ++i) {
-        QTreeWidgetItem *output = source->child(i);
-        if (isSalvaged(output)) continue;
-        const QString words = output->data(column::Type, kWholenessRole).toString();
-        for (int cell : {column::Name, column::Type, column::Resolution})
-            output->setToolTip(cell, words.isEmpty() ? text : words + '\n' + text);
-    }
-    if (CustomButton *button = buttonOf(source)) button->setToolTip(text);
+    if (!source) return;
+    keepReport(source, outcome);
+    if (CustomButton *button = buttonOf(source)) button->setToolTip(source->toolTip(column::Name));
 }
 
 void BrowseRepair::finishStoppedRows()
@@ -112,6 +90,13 @@ void BrowseRepair::finishStoppedRows()
             behindStop = true;
         else if (behindStop && code != QLatin1String(status::Invalid))
             (*it)->setText(column::Status, QLatin1String(status::Stopped));
+    }
+    FileOutcome stopped;
+    stopped.report.reason = RepairReason::Stopped;
+    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
+        if (reportOf(sourceRow(i))) continue;
+        stopped.source = sourceRow(i)->text(column::Path);
+        setReport(sourceRow(i), stopped);
     }
 }
 
@@ -249,6 +234,7 @@ void BrowseRepair::OnShowString()
 
 void BrowseRepair::OnShowProgress()
 {
+    m_summary->hide();
     m_details->showRow(nullptr); // they would lie over the words of the progress
     ui->StopRepairProcessBtn_2->show();
     ui->SaveRepairBtn_2->hide();

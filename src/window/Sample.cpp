@@ -8,6 +8,7 @@
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
 #include "window/MyTreeWidget.h"
+#include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QFileInfo>
@@ -55,7 +56,7 @@ void BrowseRepair::OnClickAddReference(unsigned int id)
     for (const RefScan &entry : lstRowButtons)
         if (entry.nId == id) name = entry.strName;
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
-        if (!isOpenToSample(*it) || (*it)->text(column::Name) != name) continue;
+        if (!(isOpenToSample(*it) || holdsTilesAlone(*it)) || (*it)->text(column::Name) != name) continue;
         strSampleList.append((*it)->text(column::Path));
         pApp->strFileSuffix = QFileInfo((*it)->text(column::Path)).suffix();
         break;

@@ -2,7 +2,6 @@
 #include "app/StopFlag.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
-#include "window/ReportText.h"
 
 #include <QFileInfo>
 #include <QTreeWidgetItem>
@@ -34,7 +33,7 @@ BrowseRepair::SampleStep BrowseRepair::repairRowWithSample(const RunRow &row, in
     });
     const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, row.path);
     if (outcome.results.isEmpty()) {
-        postToRun([this, path = row.path, text = reportText(outcome)] { setReportTip(rowOfPath(path), text); });
+        postToRun([this, path = row.path, outcome] { setReport(rowOfPath(path), outcome); });
         return stopRequested() ? SampleStep::Leave : SampleStep::Next;
     }
     postToRun([this, name = QFileInfo(row.path).fileName()] { showSampleFile(name); });
@@ -44,10 +43,10 @@ BrowseRepair::SampleStep BrowseRepair::repairRowWithSample(const RunRow &row, in
     const bool last = number == m_plan.rows.size();
     const OutputRows rows = makeSampleRows(outcome);
     const bool stopped = stopRequested();
-    postToRun([this, number, last, rows, stopped, path = row.path, text = reportText(outcome)] {
+    postToRun([this, number, last, rows, stopped, path = row.path, outcome] {
         emit SetFileProgressvalue(last ? 1 : unsigned(number));
         showSampleOutput(QFileInfo(path).fileName(), rows, stopped);
-        setReportTip(firstRowNamed(QFileInfo(path).fileName()), text);
+        setReport(firstRowNamed(QFileInfo(path).fileName()), outcome);
     });
     return stopped ? SampleStep::StopNoted : SampleStep::Next;
 }

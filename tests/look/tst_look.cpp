@@ -102,9 +102,9 @@ void TestLook::pictures_data()
     rows({20, 20},
          {"close", "close-hover", "minimise", "minimise-hover", "help", "update", "back", "remove", "add", "repair",
           "stop", "save"});
-    rows(
-        {16, 16},
-        {"file-jpeg", "file-raw", "file-heic", "branch-open", "branch-closed", "arrow-up", "arrow-down", "kesmira-16"});
+    rows({16, 16},
+         {"badge-whole", "badge-partial", "badge-doubtful", "badge-healthy", "file-jpeg", "file-raw", "file-heic",
+          "branch-open", "branch-closed", "arrow-up", "arrow-down", "kesmira-16"});
     rows({32, 32}, {"file-jpeg-32", "file-raw-32", "file-heic-32", "kesmira-32"});
     rows({64, 64}, {"kesmira-64"});
     rows({128, 128}, {"kesmira-128"});

@@ -167,6 +167,12 @@ void results(Album &album)
     auto *label = room.find<QLabel>("Preview_Label");
     album.check(QTest::qWaitFor([label] { return label->isVisible(); }, 10000), "the row without a preview");
     album.take(room.window.get(), "results-failed");
+    room.clickRow(room.row("lost-tail.jpg", true));
+    album.check(QTest::qWaitFor([view] { return view->isVisible(); }, 10000), "a picture in part");
+    album.take(room.window.get(), "results-partial");
+    album.check(room.click("partNothing"), "a part of the summary");
+    album.take(room.window.get(), "results-filtered");
+    room.click("showAllBtn");
     withSample(album, room, failed);
     saving(album, room);
     room.script.expect("BackApplicationDlg", "NoBtn", album.taking("dialog-back"));

@@ -196,8 +196,7 @@ void TestAccessible::tabGoesThroughThePage_data()
         {"run", State::Running, "StopRepairProcessBtn_2 HelpBtn_1 MiniMaBtn closeBtn pMoreToolsBtn"},
         {"results", State::Done,
          "pResultTree detailsPane checkBox1_2 checkBox3 SaveRepairBtn_2 BackBtn_2 UpdateBtn_2 HelpBtn_1 MiniMaBtn "
-         "closeBtn "
-         "rowButton pMoreToolsBtn"},
+         "closeBtn rowButton pMoreToolsBtn partHealthy partNothing"},
     };
     for (const auto &page : pages) {
         QTest::addRow("%s", page.name) << page.state << false << QString(page.order);
