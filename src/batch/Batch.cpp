@@ -18,6 +18,7 @@
 #include <QFileInfo>
 #include <QTextCodec>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
@@ -38,6 +39,14 @@ bool isTerminal(const QTextStream &stream)
 {
     const auto *file = qobject_cast<QFile *>(stream.device());
     return file && file->handle() >= 0 && ::isatty(file->handle()) == 1;
+}
+
+/// True if `stream` goes into a pipe or a socket that nobody reads any more.
+bool hasLostItsReader(const QTextStream &stream)
+{
+    const auto *file = qobject_cast<QFile *>(stream.device());
+    pollfd end = {file ? file->handle() : -1, POLLOUT, 0};
+    return end.fd >= 0 && ::poll(&end, 1, 0) == 1 && (end.revents & (POLLERR | POLLHUP));
 }
 
 bool isHeic(const QString &path)
@@ -79,6 +88,7 @@ private:
     void flush();
     void print(const SourceResult &result);
     void count(const OutputRow &row);
+    void noteCameraSource(const SourceResult &result, const OutputRow &row);
     void writeReadable(SourceResult &result);
 
     void firstPass(const QStringList &files);
@@ -93,6 +103,7 @@ private:
     const std::unique_ptr<Printer> m_printer;
     QVector<SourceResult> m_results; // the last pass over each source, in order
     QStringList m_names;             // outputs that have rows
+    CameraSources m_cameraSources;
     RunSummary m_summary;
     bool m_failed = false; // something that should have been written was not
 };
@@ -141,8 +152,15 @@ void BatchRun::print(const SourceResult &result)
     if (result.outcome.report.sourceHealthy && !result.samplePass) ++m_summary.healthy;
     for (const OutputRow &row : result.rows.rows) {
         m_names.append(row.name);
+        noteCameraSource(result, row);
         count(row);
     }
+}
+
+void BatchRun::noteCameraSource(const SourceResult &result, const OutputRow &row)
+{
+    if (m_options.cameraData && !row.thumbnail && takesCameraData(row.name, result.outcome.source))
+        m_cameraSources.insert(row.name, result.outcome.source);
 }
 
 void BatchRun::count(const OutputRow &row)
@@ -230,7 +248,7 @@ void BatchRun::save()
     }
     m_names.removeDuplicates(); // names that meet in the working folder are one file there
     OptionPrompt prompt(m_options.onConflict);
-    const SaveOutcome outcome = saveOutputs(m_options.destination, m_names, prompt);
+    const SaveOutcome outcome = saveOutputs(m_options.destination, m_names, prompt, m_cameraSources);
     if (!outcome.error.isEmpty()) {
         complain(outcome.error, 0);
         m_failed = true;
@@ -284,7 +302,8 @@ int BatchRun::run()
     samplePass();
     save();
     summarise(sources);
-    if (m_out.status() != QTextStream::Ok) complain("the results could not be written", 0);
+    // Who stops reading, as head does, wants no more and needs not be told.
+    if (m_out.status() != QTextStream::Ok && !hasLostItsReader(m_out)) complain("the results could not be written", 0);
     if (m_failed) return exitStatus::CouldNotWork;
     return m_summary.failed.isEmpty() && sources.passedOver == 0 ? exitStatus::AllGave : exitStatus::SomeGaveNothing;
 }

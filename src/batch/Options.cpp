@@ -31,9 +31,9 @@ void addOptions(QCommandLineParser &parser)
          "it is missing; a folder RepairedFiles that stands there is used.",
          "DIR"},
         {"on-conflict",
-         "What to do with a result whose name is taken in DIR: rename (to Copy(n)_NAME), overwrite or skip. The "
-         "default "
-         "is rename.",
+         "What to do with a result whose name is taken in DIR: rename (to Copy(n)_NAME), overwrite or skip, which "
+         "tells "
+         "files with the same bytes as identical. The default is rename.",
          "rename|overwrite|skip", "rename"},
         {"sample", "After the run, repair the sources that failed with FILE, a healthy picture from the same camera.",
          "FILE"},
@@ -43,6 +43,10 @@ void addOptions(QCommandLineParser &parser)
         {"deep",
          "Try deep salvage too, for a JPEG whose main picture is missing or damaged. What it finds is saved beside the "
          "other results as NAME_salvaged.jpg; parts of it may be a guess."},
+        {"camera-data",
+         "Put the camera's data (Exif with date, place and orientation, colour profile) that stand sound in a source "
+         "JPEG "
+         "back into the saved copy of its picture. Needs --to; nothing else that is written changes."},
         {"work",
          "Work in DIR and leave all results there, in its folder RepairedFiles, which the next run empties. DIR is "
          "made "
@@ -78,6 +82,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
     options.version = parser.isSet("version");
     options.readable = parser.isSet("readable");
     options.deep = parser.isSet("deep");
+    options.cameraData = parser.isSet("camera-data");
     if (options.help) options.helpText = parser.helpText();
     if (options.help || options.version) return {};
 
@@ -89,6 +94,8 @@ QString parseOptions(const QStringList &arguments, Options &options)
         return QStringLiteral("--on-conflict takes rename, overwrite or skip, not '%1'").arg(answer);
     }
     options.destination = parser.value("to");
+    if (options.cameraData && options.destination.isEmpty())
+        return QStringLiteral("--camera-data is for saved copies and needs --to");
     options.sample = parser.value("sample");
     options.workingRoot = parser.value("work");
     options.sources = parser.positionalArguments();

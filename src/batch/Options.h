@@ -11,9 +11,10 @@ struct Options
     bool json = false;
     bool help = false;
     bool version = false;
-    bool readable = false; ///< --readable
-    bool deep = false;     ///< --deep
-    QString destination;   ///< --to
+    bool readable = false;   ///< --readable
+    bool deep = false;       ///< --deep
+    bool cameraData = false; ///< --camera-data
+    QString destination;     ///< --to
     FileAnswer onConflict = FileAnswer::RenameAll;
     QString sample;
     QString workingRoot; ///< --work

@@ -78,8 +78,19 @@ public:
             return std::count_if(outcome.rows.begin(), outcome.rows.end(),
                                  [wanted](const SavedRow &row) { return row.result == wanted; });
         };
+        const auto identical = count(SaveResult::Identical);
         m_out << "\nSaved to " << printable(outcome.folder) << ": " << count(SaveResult::Saved) << " saved, "
-              << count(SaveResult::Skipped) << " skipped, " << count(SaveResult::Failed) << " failed.\n";
+              << count(SaveResult::Skipped) << " skipped, ";
+        if (identical > 0) m_out << identical << " identical, ";
+        m_out << count(SaveResult::Failed) << " failed.\n";
+        for (const SavedRow &row : outcome.rows) {
+            if (row.result == SaveResult::Skipped)
+                m_out << "  " << printable(row.name) << ": skipped, as another file has its name\n";
+            if (row.result == SaveResult::Identical) m_out << "  " << printable(row.name) << ": identical\n";
+        }
+        const auto withData =
+            std::count_if(outcome.rows.begin(), outcome.rows.end(), [](const SavedRow &row) { return row.cameraData; });
+        if (withData > 0) m_out << "The camera's data were put back into " << withData << " of them.\n";
     }
 
     void end(const RunSummary &summary) override

@@ -3,16 +3,26 @@
 #include "app/KesmiraApp.h"
 #include "app/WorkingRoot.h"
 #include "engine/OutputRows.h"
+#include "save/CameraData.h"
 #include "save/FileCopy.h"
 #include "save/SaveFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+
+#include <cerrno>
+#include <sys/stat.h>
 
 namespace {
 
 const QLatin1String kThumbnailFolder("Thumbnail Repaired/");
 const QLatin1String kHeicFolder("HEIC_Repaired/");
+
+QString say(const char *text)
+{
+    return QCoreApplication::translate("Saving", text);
+}
 
 /// The path without links, also where its last parts don't exist yet.
 QString resolvedPath(const QString &path)
@@ -59,7 +69,7 @@ QString settleTarget(const QString &target, ConflictPrompt &prompt, QString &err
         settled = SaveFile().CheckForFile_FolderNAME(settled, prompt);
         if (settled.isEmpty()) return {};
         if (!isFileName(pApp->strConflictName)) {
-            error = QStringLiteral("'%1' can't be a file's name").arg(pApp->strConflictName);
+            error = say(QT_TRANSLATE_NOOP("Saving", "'%1' can't be a file's name")).arg(pApp->strConflictName);
             return {};
         }
         if (!pApp->bRenameOnce) break;
@@ -67,7 +77,7 @@ QString settleTarget(const QString &target, ConflictPrompt &prompt, QString &err
     return settled;
 }
 
-SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &prompt)
+SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &prompt, const QString &cameraSource)
 {
     SavedRow row;
     row.name = name;
@@ -76,35 +86,62 @@ SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &promp
     const QString source = outputPath(name);
     const QString target = settleTarget(base + place, prompt, row.error);
     ++pApp->nSavedCount;
-    if (pApp->bSaveCancelled) row.error = QStringLiteral("the question about it was closed without an answer");
+    if (pApp->bSaveCancelled)
+        row.error = say(QT_TRANSLATE_NOOP("Saving", "the question about it was closed without an answer"));
     if (!row.error.isEmpty()) return row;
+    const InsertedBytes data = cameraSource.isEmpty() ? InsertedBytes() : cameraDataOfFiles(source, cameraSource);
     if (target.isEmpty()) {
-        row.result = SaveResult::Skipped;
+        const bool same = isCopy(source, base + place, data);
+        row.result = same ? SaveResult::Identical : SaveResult::Skipped;
         return row;
     }
     if (source.isEmpty()) {
-        row.error = QStringLiteral("the repaired file is gone from the working folder");
+        row.error = say(QT_TRANSLATE_NOOP("Saving", "the repaired file is gone from the working folder"));
         return row;
     }
     const bool replaces = pApp->bOverwriteAll || pApp->bOverwriteOnce;
-    row.error = replaces ? replaceByCopy(source, target) : copyToNewFile(source, target);
+    row.error = replaces ? replaceByCopy(source, target, data) : copyToNewFile(source, target, data);
     if (!row.error.isEmpty()) return row;
     row.result = SaveResult::Saved;
     row.target = target;
+    row.cameraData = !data.bytes.isEmpty();
     return row;
+}
+
+bool isJpegName(const QString &name)
+{
+    const QString suffix = QFileInfo(name).suffix().toUpper();
+    return suffix == QLatin1String("JPG") || suffix == QLatin1String("JPEG");
+}
+
+/// Why there is no folder at `path`, which was to be made just now.
+QString missingFolderProblem(const QString &path)
+{
+    int error = ENOENT;
+    if (::mkdir(QFile::encodeName(path).constData(), 0777) != 0) error = errno;
+    const QString reason =
+        error == EEXIST ? say(QT_TRANSLATE_NOOP("Saving", "a file has its name")) : writeProblem(error);
+    return say(QT_TRANSLATE_NOOP("Saving", "the folder '%1' can't be made: %2")).arg(path, reason);
 }
 
 } // namespace
 
+bool takesCameraData(const QString &name, const QString &sourcePath)
+{
+    return isJpegName(name) && isJpegName(sourcePath) && !isThumbnailName(name);
+}
+
 QString destinationProblem(const QString &folder)
 {
     const QFileInfo info(folder);
-    if (info.exists() && !info.isDir()) return QStringLiteral("the destination '%1' is not a folder").arg(folder);
+    if (info.exists() && !info.isDir())
+        return say(QT_TRANSLATE_NOOP("Saving", "the destination '%1' is not a folder")).arg(folder);
     // The next run wipes what lies there.
     const QString root = resolvedPath(workingRoot());
     const QString resolved = resolvedPath(folder);
     if (resolved == root || resolved.startsWith(root == "/" ? root : root + '/')) {
-        return QStringLiteral("the destination '%1' lies inside the program's working folder").arg(folder);
+        return say(QT_TRANSLATE_NOOP("Saving", "the destination '%1' lies inside the program's working folder"))
+            .arg(folder);
     }
     return {};
 }
@@ -132,27 +169,32 @@ bool settleRunFolder(ConflictPrompt &prompt)
     return true;
 }
 
-SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt)
+SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt, const CameraSources &cameraSources)
 {
     SaveOutcome outcome;
     const QString base = makeLayout();
     outcome.folder = base.left(base.size() - 1);
     if (!QFileInfo(base).isDir()) {
-        outcome.error = QStringLiteral("the folder '%1' can't be made").arg(outcome.folder);
+        outcome.error = missingFolderProblem(outcome.folder);
         return outcome;
     }
     for (const QString &name : names) {
         if (!pApp->bSaveCancelled)
-            outcome.rows.append(saveOne(name, base, prompt));
+            outcome.rows.append(saveOne(name, base, prompt, cameraSources.value(name)));
         else
-            outcome.rows.append({name, SaveResult::Failed, {}, QStringLiteral("the save was called off before it")});
+            outcome.rows.append({name,
+                                 SaveResult::Failed,
+                                 {},
+                                 say(QT_TRANSLATE_NOOP("Saving", "the save was called off before it")),
+                                 false});
     }
     pApp->bFolderOverwrite = false;
     outcome.cancelled = pApp->bSaveCancelled;
     return outcome;
 }
 
-SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt)
+SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt,
+                        const CameraSources &cameraSources)
 {
     SaveOutcome outcome;
     beginSave(folder);
@@ -166,5 +208,5 @@ SaveOutcome saveOutputs(const QString &folder, const QStringList &names, Conflic
         outcome.cancelled = true;
         return outcome;
     }
-    return copyOutputs(names, prompt);
+    return copyOutputs(names, prompt, cameraSources);
 }

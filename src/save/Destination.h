@@ -1,22 +1,32 @@
 // Copies chosen outputs of a run from the working folder to a folder of the user's, under the fixed layout of a run folder.
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
 class ConflictPrompt;
 
-enum class SaveResult { Saved, Skipped, Failed };
+enum class SaveResult {
+    Saved,
+    Skipped,
+    Identical, ///< skipped, as the file that stands there has the same bytes
+    Failed,
+};
 
 /// What became of one output.
 struct SavedRow
 {
     QString name;
     SaveResult result = SaveResult::Failed;
-    QString target; ///< where it was written; empty unless saved
-    QString error;  ///< one line; empty unless failed
+    QString target;          ///< where it was written; empty unless saved
+    QString error;           ///< one line; empty unless failed
+    bool cameraData = false; ///< the camera's data were put into the copy
 };
+
+/// Output's name -> the damaged file whose camera data its saved copy gets; see save/CameraData.h.
+using CameraSources = QHash<QString, QString>;
 
 struct SaveOutcome
 {
@@ -26,6 +36,10 @@ struct SaveOutcome
     QVector<SavedRow> rows; ///< in the order of the names
 };
 
+/// True if an output of this name may get the camera's data of the file `sourcePath`: both are JPEGs by their names, and
+/// it is no thumbnail. What a raw file holds keeps its own, and a HEIC isn't touched.
+bool takesCameraData(const QString &name, const QString &sourcePath);
+
 /// "" if results may be saved below `folder`, else one line why not. A folder that doesn't exist yet may.
 QString destinationProblem(const QString &folder);
 
@@ -33,11 +47,12 @@ QString destinationProblem(const QString &folder);
 /// and below that "Thumbnail Repaired/" and "HEIC_Repaired/". Asks `prompt` where the run folder exists, and, once that
 /// was answered with Overwrite, for each file that exists. A file is created exclusively or replaced as a whole, so one
 /// that can't be written leaves what stood there. Takes the three steps below.
-SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt);
+SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt,
+                        const CameraSources &cameraSources = {});
 
 /// First step: takes the destination over and resets the answers to conflicts and `nSavedCount` of `pApp`.
 void beginSave(const QString &folder);
 /// Second: makes the run folder, or asks about one that exists. False if the user has cancelled.
 bool settleRunFolder(ConflictPrompt &prompt);
 /// Third: copies. Leaves the answers in `pApp`; `nSavedCount` counts every row that was handled, skipped ones too.
-SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt);
+SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt, const CameraSources &cameraSources = {});
