@@ -14,7 +14,8 @@ constexpr qint64 kEntry = 12;
 
 namespace tag {
 constexpr quint16 Orientation = 0x0112;
-constexpr quint16 StripOffsets = 0x0111;
+constexpr quint16 StripOffset = 0x0111;
+constexpr quint16 StripLength = 0x0117;
 constexpr quint16 DateTime = 0x0132;
 constexpr quint16 ThumbnailOffset = 0x0201;
 constexpr quint16 ThumbnailLength = 0x0202;
@@ -142,7 +143,7 @@ private:
 
     bool stands(const Entry &entry)
     {
-        if (entry.bytes == 0 || entry.at + entry.bytes > m_tiff.size()) return false;
+        if (entry.type < 1 || entry.type > kTypeBytes.size() || entry.at + entry.bytes > m_tiff.size()) return false;
         if (entry.bytes > 4 && overlapsList(entry.at, entry.at + entry.bytes)) return false;
         if (entry.type == type::Ascii && !isText(entry)) return false;
         switch (entry.tag) {
@@ -168,37 +169,51 @@ private:
         return entry.type == type::Long && number32(entry.at) <= 0xFFFF ? int(number32(entry.at)) : -1;
     }
 
+    /// The value up to its first zero; some cameras leave what was in their memory behind it.
+    QByteArray text(const Entry &entry) const
+    {
+        const QByteArray bytes = m_tiff.mid(int(entry.at), int(entry.bytes));
+        return bytes.left(bytes.contains('\0') ? bytes.indexOf('\0') : bytes.size());
+    }
+
     bool isText(const Entry &entry) const
     {
-        const auto begin = m_tiff.begin() + entry.at;
-        return std::all_of(begin, begin + entry.bytes, [](char letter) {
-            return quint8(letter) >= 0x20 || letter == 0 || letter == '\t' || letter == '\n' || letter == '\r';
+        const QByteArray letters = text(entry);
+        return std::all_of(letters.begin(), letters.end(), [](char letter) {
+            return quint8(letter) >= 0x20 || letter == '\t' || letter == '\n' || letter == '\r';
         });
     }
 
-    /// A date that the camera didn't know is blank.
+    /// A date that the camera didn't know is blank; editors write the form of ISO 8601.
     bool isDate(const Entry &entry) const
     {
-        if (entry.type != type::Ascii) return false;
-        const auto begin = m_tiff.begin() + entry.at;
-        return std::all_of(begin, begin + entry.bytes, [](char letter) {
-            return letter == 0 || (letter >= '0' && letter <= '9') || std::strchr(" :-/.T", letter);
-        });
+        const QByteArray letters = text(entry);
+        return entry.type == type::Ascii && std::all_of(letters.begin(), letters.end(), [](char letter) {
+                   return std::strchr("0123456789 :-/.+TZ", letter) != nullptr;
+               });
     }
 
+    /// The thumbnail lies in the block, as a JPEG or as one strip of samples; or there is none.
     bool thumbnailStands(qint64 list) const
     {
-        qint64 offset = 0;
-        qint64 length = 0;
+        qint64 jpeg[2] = {};
+        qint64 strip[2] = {};
         for (int i = 0; i < number16(list); ++i) {
             const Entry entry = entryAt(list + 2 + kEntry * i);
-            if (entry.tag == tag::StripOffsets) return false; // samples without compression, which nothing marks
-            if (entry.type != type::Long || entry.count != 1) continue;
-            if (entry.tag == tag::ThumbnailOffset) offset = number32(entry.at);
-            if (entry.tag == tag::ThumbnailLength) length = number32(entry.at);
+            const bool isStrip = entry.tag == tag::StripOffset || entry.tag == tag::StripLength;
+            const bool isJpeg = entry.tag == tag::ThumbnailOffset || entry.tag == tag::ThumbnailLength;
+            if (!isStrip && !isJpeg) continue;
+            const bool isShort = entry.type == type::Short;
+            if (entry.count != 1 || (!isShort && entry.type != type::Long)) return false;
+            const bool isLength = entry.tag == tag::StripLength || entry.tag == tag::ThumbnailLength;
+            (isStrip ? strip : jpeg)[isLength] = isShort ? number16(entry.at) : number32(entry.at);
         }
-        return offset >= kHead && length >= 4 && offset + length <= m_tiff.size()
-            && !overlapsList(offset, offset + length) && m_tiff.mid(int(offset), 2) == "\xFF\xD8";
+        const auto inBlock = [this](const qint64(&part)[2]) {
+            return (part[0] == 0 && part[1] == 0)
+                || (part[0] >= kHead && part[1] > 0 && part[0] + part[1] <= m_tiff.size()
+                    && !overlapsList(part[0], part[0] + part[1]));
+        };
+        return inBlock(strip) && inBlock(jpeg) && (jpeg[1] == 0 || m_tiff.mid(int(jpeg[0]), 2) == "\xFF\xD8");
     }
 
     QByteArray m_tiff;
