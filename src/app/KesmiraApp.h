@@ -225,6 +225,7 @@ public:
 
     // Beside the told state
     bool bDeepSalvage = false;               ///< the window's runs try deep salvage too; the main thread's own
+    bool bCameraData = false;                ///< saved copies get the camera's data back; the main thread's own
     RepairReport report;                     ///< what was done for the current file and why
     QHash<QString, QString> mapWorkingNames; ///< source path -> name in the working folder, for this run
     QSet<QString> setWorkingNames;           ///< those names

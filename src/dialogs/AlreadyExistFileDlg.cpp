@@ -3,7 +3,6 @@
 #include "app/KesmiraApp.h"
 #include "dialogs/ui_AlreadyExistFileDlg.h"
 
-#include <QKeyEvent>
 #include <QRegularExpressionValidator>
 
 AlreadyExistFileDlg::AlreadyExistFileDlg(QWidget *parent)
@@ -47,12 +46,6 @@ void AlreadyExistFileDlg::retranslate()
 {
     ui->retranslateUi(content());
     FramelessDialog::retranslate();
-}
-
-void AlreadyExistFileDlg::keyPressEvent(QKeyEvent *event)
-{
-    if (event->matches(QKeySequence::Cancel)) return answerWith(FileAnswer::Skip);
-    FramelessDialog::keyPressEvent(event);
 }
 
 void AlreadyExistFileDlg::answerWith(FileAnswer answer)

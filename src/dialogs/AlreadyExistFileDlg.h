@@ -21,14 +21,13 @@ public:
 
     /// The file's name, and a free one to start from. The buttons for all files show unless `nResultCounter` is 1.
     void InitStart(const QString &name, const QString &proposal);
-    /// Escape gives Skip; Closed until a button was clicked, and where the dialog was closed by other means.
+    /// Closed until a button was clicked; Escape is no answer either.
     FileAnswer answer() const { return m_answer; }
     /// The name for Rename as it stands in the dialog; "" if the user emptied it.
     QString newName() const;
 
 protected:
     void retranslate() override;
-    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void answerWith(FileAnswer answer);

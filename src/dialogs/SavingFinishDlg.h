@@ -1,7 +1,9 @@
-// Says that a save has ended, and leads to the saved files.
+// Says how a save has ended, and leads to the saved files.
 #pragma once
 
 #include "dialogs/FramelessDialog.h"
+
+#include <QStringList>
 
 #include <memory>
 
@@ -9,14 +11,22 @@ namespace Ui {
 class SavingFinishDlgObj;
 }
 
+/// What a save is reported with, all of it plain text in the language of the interface.
+struct SavingReport
+{
+    QString shortfall;    ///< how many of how many were saved; empty where all were, and only then success is spoken of
+    QStringList problems; ///< a line for each output that wasn't saved, with the reason
+    QString note;         ///< on the camera's data; may be empty
+    bool anySaved = true; ///< something lies at the destination now
+};
+
 class SavingFinishDlg : public FramelessDialog
 {
     Q_OBJECT
 
 public:
-    /// `path` is the folder that the link shows. `shortfall` says what was not written; empty where everything was, and
-    /// only then the dialog speaks of success.
-    SavingFinishDlg(QWidget *parent, const QString &path, const QString &shortfall = {});
+    /// `path` is the folder that is named and that the link shows.
+    SavingFinishDlg(QWidget *parent, const QString &path, const SavingReport &report = {});
     ~SavingFinishDlg() override;
 
 public slots:
@@ -30,5 +40,5 @@ protected:
 private:
     std::unique_ptr<Ui::SavingFinishDlgObj> ui;
     QString m_path;
-    QString m_shortfall;
+    SavingReport m_report;
 };

@@ -39,16 +39,16 @@ QString resolvedPath(const QString &path)
 }
 
 /// Makes the folders of the layout and returns the one of the main images, with a trailing "/".
-QString makeLayout()
+QString makeLayout(const QString &workDir)
 {
-    const QString leaf = QDir(pApp->strTempDir).dirName();
+    const QString leaf = QDir(workDir).dirName();
     const QString base = (pApp->strSaveFolder == "/" ? QString() : pApp->strSaveFolder) + '/' + leaf + '/';
     if (pApp->bFolderRename) {
         pApp->strDestPath = pApp->strSaveFolder;
         QDir().mkdir(pApp->strDestPath);
         QDir().mkdir(base);
     }
-    if (QFileInfo(pApp->strTempDir + kHeicFolder).isDir()) QDir().mkdir(base + kHeicFolder);
+    if (QFileInfo(workDir + kHeicFolder).isDir()) QDir().mkdir(base + kHeicFolder);
     QDir().mkdir(base + kThumbnailFolder);
     return base;
 }
@@ -169,10 +169,11 @@ bool settleRunFolder(ConflictPrompt &prompt)
     return true;
 }
 
-SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt, const CameraSources &cameraSources)
+SaveOutcome copyOutputs(const QString &workDir, const QStringList &names, ConflictPrompt &prompt,
+                        const CameraSources &cameraSources)
 {
     SaveOutcome outcome;
-    const QString base = makeLayout();
+    const QString base = makeLayout(workDir);
     outcome.folder = base.left(base.size() - 1);
     if (!QFileInfo(base).isDir()) {
         outcome.error = missingFolderProblem(outcome.folder);
@@ -208,5 +209,5 @@ SaveOutcome saveOutputs(const QString &folder, const QStringList &names, Conflic
         outcome.cancelled = true;
         return outcome;
     }
-    return copyOutputs(names, prompt, cameraSources);
+    return copyOutputs(pApp->strTempDir, names, prompt, cameraSources);
 }

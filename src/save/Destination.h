@@ -54,5 +54,6 @@ SaveOutcome saveOutputs(const QString &folder, const QStringList &names, Conflic
 void beginSave(const QString &folder);
 /// Second: makes the run folder, or asks about one that exists. False if the user has cancelled.
 bool settleRunFolder(ConflictPrompt &prompt);
-/// Third: copies. Leaves the answers in `pApp`; `nSavedCount` counts every row that was handled, skipped ones too.
-SaveOutcome copyOutputs(const QStringList &names, ConflictPrompt &prompt, const CameraSources &cameraSources = {});
+/// Third: copies out of the working folder `workDir`, which ends in "/". Leaves the answers in `pApp`; `nSavedCount` counts every row that was handled, skipped ones too.
+SaveOutcome copyOutputs(const QString &workDir, const QStringList &names, ConflictPrompt &prompt,
+                        const CameraSources &cameraSources = {});

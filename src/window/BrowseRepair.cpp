@@ -1,5 +1,7 @@
 // Construction of the main window.
 #include "window/BrowseRepair.h"
+#include "update/UpdateState.h"
+#include "window/CameraDataSwitch.h"
 
 #include "app/KesmiraApp.h"
 #include "desktop/Look.h"
@@ -179,6 +181,7 @@ void BrowseRepair::Init()
     CreateShortcuts();
     if (!pApp->bChineseBuild) {
         CreateDeepSalvageAction();
+        CameraDataSwitch::make(this);
         CreateMenuBar();
     }
     pBackDlg = new BackApplicationDlg(this);

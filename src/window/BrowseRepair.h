@@ -10,6 +10,7 @@
 #pragma once
 
 #include "dialogs/FramelessMove.h"
+#include "dialogs/SavingFinishDlg.h"
 #include "engine/OutputRows.h"
 #include "window/Background.h"
 #include "window/EffectQueue.h"
@@ -45,6 +46,7 @@ class QTreeWidgetItem;
 class ResultSummary;
 class Ui_BrowseRepairObj;
 struct FileOutcome;
+struct SavedRow;
 
 class BrowseRepair : public QWidget
 {
@@ -331,13 +333,19 @@ private:
     void showSampleOutput(const QString &fileName, const OutputRows &rows, bool stopped);
 
     // Saving
+    /// Makes the run folder, or asks about one that exists; the answer is in the flags of `pApp`. It has always been true.
     bool CheckSizeOnDisk();
     void CopyFileNew();
+    /// Copies the ticked rows that are seen out of `workDir`, which ends in "/". Always true.
     bool DirCopy(const QString &workDir);
+    /// Takes the marks off all rows but those that could not be saved.
+    void markSaved(const QVector<SavedRow> &rows, const QList<QTreeWidgetItem *> &items);
     void saveTo(const QString &folder);
     void showRefusal(const QString &text);
     /// How many results lie in the working folder alone, "" for none.
     QString unsavedText() const;
+    /// Asks whoever is about to leave with unsaved results; true if there are none or they may be lost.
+    bool mayLeaveUnsaved();
 
     static void removeWorkingFolders();
 
@@ -374,7 +382,7 @@ private:
     bool bHasRepaired = false;
     QList<QString> strSampleList;
     bool bCloseDialogOpen = false;
-    QString m_shortfall; ///< what the last save left undone, for a person
+    SavingReport m_savingReport; ///< of the last save
 
     QList<unsigned int> lstHelperPids;
     quint32 nCurrentHelper = 0;

@@ -2,6 +2,7 @@
 #include "app/KesmiraApp.h"
 #include "desktop/LinkFile.h"
 #include "window/BrowseRepair.h"
+#include "window/CameraDataSwitch.h"
 #include "window/DrgDrp.h"
 #include "window/ui_BrowseRepairObj.h"
 
@@ -75,6 +76,7 @@ void BrowseRepair::fillMenuBar(QMenuBar *bar, std::initializer_list<const char *
     for (const char *name : fileActions) add(name);
     file->addSeparator();
     add("actionDeepSalvage");
+    add("actionCameraData");
     file->addSeparator();
     add("actionExit");
     addLanguageMenu(bar, number);
@@ -145,5 +147,6 @@ void BrowseRepair::retranslateMenus()
     name("actionBack", tr("&Back"));
     name("actionExit", tr("E&xit"));
     name("actionHelp", tr("&Help"));
+    if (auto *cameraData = findChild<QAction *>(QStringLiteral("actionCameraData"))) CameraDataSwitch::name(cameraData);
     nameDeepSalvageAction();
 }

@@ -55,7 +55,7 @@ void BrowseRepair::retranslateMoreTools()
 
 void BrowseRepair::launch(const QString &bundle)
 {
-    if (platform().startApplication(bundle)) KillApplication();
+    if (mayLeaveUnsaved() && platform().startApplication(bundle)) KillApplication();
 }
 
 void BrowseRepair::LaunchDataRecovery()

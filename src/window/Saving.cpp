@@ -2,13 +2,16 @@
 #include "app/KesmiraApp.h"
 #include "desktop/FileChooser.h"
 #include "desktop/platform/Platform.h"
+#include "dialogs/CloseApplicationDlg.h"
 #include "dialogs/DialogPrompt.h"
 #include "dialogs/MessageBox.h"
 #include "dialogs/SavingFinishDlg.h"
 #include "engine/OneFile.h"
 #include "save/Destination.h"
 #include "window/BrowseRepair.h"
+#include "window/Globals.h"
 #include "window/MyTreeWidget.h"
+#include "window/SaveReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QApplication>
@@ -40,38 +43,29 @@ void BrowseRepair::saveTo(const QString &folder)
         return;
     }
     beginSave(folder);
-    if (!CheckSizeOnDisk()) return;
+    CheckSizeOnDisk();
+    if (pApp->bSaveCancelled || pApp->bSkipCurrentFile) return;
     CopyFileNew();
     if (pApp->nSavedCount == 0) return;
-    SavingFinishDlg(this, folder + '/' + pApp->strDestFolderName, m_shortfall).exec();
-}
-
-/// What a save left undone, for a person; "" where every file was written.
-static QString shortfallText(const SaveOutcome &outcome)
-{
-    constexpr int kMostLines = 8;
-    QStringList lines;
-    int saved = 0;
-    for (const SavedRow &row : outcome.rows) {
-        if (row.result == SaveResult::Saved) ++saved;
-        if (row.result == SaveResult::Skipped) lines << BrowseRepair::tr("%1: skipped").arg(row.name);
-        if (row.result == SaveResult::Failed) lines << row.name + QLatin1String(": ") + row.error;
-    }
-    if (lines.isEmpty()) return {};
-    const int more = lines.size() - kMostLines;
-    if (more > 0) lines = lines.mid(0, kMostLines) << QStringLiteral("... (+%1)").arg(more);
-    lines.prepend(BrowseRepair::tr("%1 of %2 files were saved.").arg(saved).arg(outcome.rows.size()));
-    return lines.join('\n');
+    SavingFinishDlg(this, folder + '/' + pApp->strDestFolderName, m_savingReport).exec();
 }
 
 QString BrowseRepair::unsavedText() const
 {
-    int unsaved = 0;
+    QSet<QString> unsaved; // by name: a second try replaces what the first one gave
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)
-        if ((*it)->text(column::Status) == QLatin1String(status::Output)
-            && !(*it)->data(column::Name, kSavedRole).toBool())
-            ++unsaved;
-    return unsaved == 0 ? QString() : tr("Results that have not been saved and would be lost: %1").arg(unsaved);
+        if ((*it)->parent() && !(*it)->data(column::Name, kSavedRole).toBool())
+            unsaved.insert((*it)->text(column::Name));
+    return unsaved.isEmpty() ? QString()
+                             : tr("Results that have not been saved and would be lost: %1").arg(unsaved.size());
+}
+
+bool BrowseRepair::mayLeaveUnsaved()
+{
+    const QString warning = unsavedText();
+    if (warning.isEmpty()) return true;
+    closeApp->setWarning(warning);
+    return closeApp->exec() == QDialog::Accepted;
 }
 
 void BrowseRepair::showRefusal(const QString &text)
@@ -84,7 +78,8 @@ void BrowseRepair::showRefusal(const QString &text)
 bool BrowseRepair::CheckSizeOnDisk()
 {
     DialogPrompt prompt(this);
-    return settleRunFolder(prompt);
+    settleRunFolder(prompt);
+    return true;
 }
 
 void BrowseRepair::CopyFileNew()
@@ -92,37 +87,47 @@ void BrowseRepair::CopyFileNew()
     DirCopy(pApp->strTempDir);
 }
 
-bool BrowseRepair::DirCopy(const QString &)
+bool BrowseRepair::DirCopy(const QString &workDir)
 {
     QStringList names;
     QList<QTreeWidgetItem *> items;
+    CameraSources cameraSources;
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
         if ((*it)->checkState(column::Name) != Qt::Checked || (*it)->isHidden()) continue;
-        names << (*it)->text(column::Name);
+        const QString name = (*it)->text(column::Name);
+        names << name;
         items << *it;
+        const QString source = (*it)->parent() ? (*it)->parent()->text(column::Path) : QString();
+        if (takesCameraData(name, source)) cameraSources.insert(name, source);
     }
 
     QApplication::setOverrideCursor(Qt::BusyCursor);
     DialogPrompt prompt(this);
-    const SaveOutcome outcome = copyOutputs(names, prompt);
+    const SaveOutcome outcome =
+        copyOutputs(workDir, names, prompt, pApp->bCameraData ? cameraSources : CameraSources());
     QApplication::restoreOverrideCursor();
     if (!outcome.error.isEmpty()) {
-        showRefusal(readOnlyDestinationText()); // the folder has vanished; the rows keep their marks
+        showRefusal(outcome.error); // nothing was copied, and the rows keep their marks
         return true;
     }
+    m_savingReport = savingReport(outcome, cameraSources);
+    markSaved(outcome.rows, items);
+    return true;
+}
 
+void BrowseRepair::markSaved(const QVector<SavedRow> &rows, const QList<QTreeWidgetItem *> &items)
+{
     // Rows that were hidden lose their mark too, though they were not copied; those that failed keep it.
     QSet<QTreeWidgetItem *> failed;
-    for (int i = 0; i < outcome.rows.size(); ++i) {
-        if (outcome.rows[i].result == SaveResult::Saved) items[i]->setData(column::Name, kSavedRole, true);
-        if (outcome.rows[i].result == SaveResult::Failed) failed.insert(items[i]);
+    for (int i = 0; i < rows.size(); ++i) {
+        const bool isThere = rows[i].result == SaveResult::Saved || rows[i].result == SaveResult::Identical;
+        if (isThere) items[i]->setData(column::Name, kSavedRole, true);
+        if (rows[i].result == SaveResult::Failed) failed.insert(items[i]);
     }
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)
         if ((*it)->checkState(column::Name) == Qt::Checked && !failed.contains(*it))
             (*it)->setCheckState(column::Name, Qt::Unchecked);
-    m_shortfall = shortfallText(outcome);
     ui->checkBox1_2->setCheckState(failed.isEmpty() ? Qt::Unchecked : Qt::PartiallyChecked);
     ui->SaveRepairBtn_2->setEnabled(!failed.isEmpty());
     ui->SaveRepairBtn_2->show();
-    return true;
 }

@@ -93,6 +93,7 @@ void TestBatchProgram::readerThatGoesAway()
     QFile status(m_dir->filePath("status"));
     QVERIFY(status.open(QIODevice::ReadOnly));
     QCOMPARE(status.readAll(), QByteArray("3\n"));
+    QCOMPARE(m_process.readAllStandardError(), QByteArray());
 }
 
 void TestBatchProgram::bareLocale()

@@ -110,6 +110,10 @@ void TestBatchResults::overwriteAndSkipFaceForeignFiles()
     QCOMPARE(call.status, 0);
     QCOMPARE(contents(path("out/RepairedFiles/a.jpg")) == "mine", staysOld);
     QVERIFY2(call.out.contains(count), qPrintable(call.out));
+    if (answer != "skip") return;
+    const BatchCall again({path("in"), "--to", path("out"), "--on-conflict", answer});
+    QVERIFY2(again.out.contains("0 saved, 1 skipped, 1 identical, 0 failed.\n"), qPrintable(again.out));
+    QVERIFY2(again.out.contains("\n  b.jpg: identical\n"), qPrintable(again.out));
 }
 
 void TestBatchResults::failedSaveShows()

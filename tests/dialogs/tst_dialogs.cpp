@@ -189,7 +189,7 @@ void TestDialogs::answers_data()
         {"folder", "RenameBtn=Rename OverwriteBtn=Overwrite CancelBtn=Cancel"},
         {"folder", "Enter=Rename Escape=Cancel close=Closed"},
         {"file, one of one", "RenameBtn=Rename OverwriteBtn=Overwrite SkipBtn=Skip"},
-        {"file, one of one", "Enter=Rename Escape=Skip close=Closed"},
+        {"file, one of one", "Enter=Rename Escape=Closed close=Closed"},
         {"file, one of many", "RenameAllBtn=RenameAll OverwriteAllBtn=OverwriteAll SkipAllBtn=SkipAll SkipBtn=Skip"},
     };
     for (const auto &[name, actions] : table) {

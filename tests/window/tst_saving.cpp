@@ -4,6 +4,9 @@
 #include "window/WindowRoom.h"
 
 #include <QLabel>
+#include <QPlainTextEdit>
+
+#include <sys/mount.h>
 
 namespace {
 
@@ -39,6 +42,7 @@ private slots:
     void refusals();
     void cancelledChoice();
     void oneOutputHasNoAnswersForAll();
+    void whatFailedStays_data();
     void whatFailedStays();
 };
 
@@ -104,28 +108,39 @@ void TestSaving::conflicts()
 
 void TestSaving::refusals_data()
 {
-    QTest::addColumn<QString>("refusal"); // what the system says; "" lets the copy find out
-    QTest::newRow("the system refuses") << readOnlyDestinationText();
-    QTest::newRow("a file stands where the run folder goes") << QString();
+    QTest::addColumn<QString>("refusal");  // what the system says; "" lets the copy find out
+    QTest::addColumn<QString>("standing"); // what stands at the destination; "gone" for no destination
+    QTest::addColumn<QString>("said");
+    const QString told = "Selected destination path is read-only (restricted by the operating system"
+                         "Select a different location to proceed.";
+    QTest::newRow("the system refuses") << readOnlyDestinationText() << QString() << told;
+    QTest::newRow("a file stands where the run folder goes")
+        << QString() << "RepairedFiles"
+        << "the folder '%1/RepairedFiles' can't be made: a file has its name";
+    QTest::newRow("the folder has vanished") << QString() << "gone"
+                                             << "the folder '%1/RepairedFiles' can't be made: the folder is gone";
 }
 
 void TestSaving::refusals()
 {
     QFETCH(QString, refusal);
+    QFETCH(QString, standing);
+    QFETCH(QString, said);
     WindowRoom room;
     room.platform.refusal = refusal;
-    if (refusal.isEmpty()) write(room.destination() + "/RepairedFiles", kOld);
+    if (standing == "gone")
+        QVERIFY(QDir().rmdir(room.destination()));
+    else if (!standing.isEmpty())
+        write(room.destination() + '/' + standing, kOld);
+    said.replace("%1", room.destination());
     const QStringList before = savedFiles(room.destination());
     room.add({room.source("b.jpg", photos::plain(1))});
     QVERIFY(room.repair());
     room.chooser.answers.push_back({room.destination()});
-    room.script.expect("MessageBox", "OkBtn", [](QDialog *box) {
-        const auto labels = box->findChildren<QLabel *>();
-        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
-            return label->text()
-                == "Selected destination path is read-only (restricted by the operating system"
-                   "Select a different location to proceed.";
-        }));
+    room.script.expect("MessageBox", "OkBtn", [said](QDialog *box) {
+        QStringList texts;
+        for (const QLabel *label : box->findChildren<QLabel *>()) texts << label->text();
+        QVERIFY2(texts.contains(said), qPrintable(texts.join('|')));
     });
     QVERIFY(room.click("SaveRepairBtn_2"));
     QCOMPARE(room.complaint(), QString());
@@ -163,26 +178,66 @@ void TestSaving::oneOutputHasNoAnswersForAll()
     QCOMPARE(savedFiles(room.destination()), QStringList("RepairedFiles/b.jpg (old)"));
 }
 
+void TestSaving::whatFailedStays_data()
+{
+    QTest::addColumn<QString>("disk"); // options of the destination's own file system; "" takes an output away
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("an output is lost") << QString() << "the repaired file is gone from the working folder";
+    QTest::newRow("full disk") << "size=4k"
+                               << "'%1': the disk is full";
+    QTest::newRow("disk that can only be read") << "ro"
+                                                << "'%1': the disk can only be read";
+}
+
 void TestSaving::whatFailedStays()
 {
+    QFETCH(QString, disk);
+    QFETCH(QString, reason);
     WindowRoom room;
     room.add({room.source("a.jpg", photos::plain(1)), room.source("b.jpg", photos::plain(2))});
     QVERIFY(room.repair());
-    QFile::remove(room.result("a.jpg")); // as a disk that fails would
-    room.script.expect("SavingFinishDlg", "OkBtn", [](QDialog *dialog) {
-        const QString text = dialog->findChild<QLabel *>("label")->text();
-        QVERIFY2(text.startsWith("1 of 2 files were saved.\na.jpg: "), qPrintable(text));
+    const QString folder = room.destination() + "/RepairedFiles";
+    const bool readOnly = disk == "ro";
+    if (disk.isEmpty()) {
+        QVERIFY(QFile::rename(room.result("b.jpg"), room.result("kept")));
+    } else {
+        const QByteArray place = QFile::encodeName(room.destination());
+        if (::mount("none", place.constData(), "tmpfs", 0, readOnly ? nullptr : disk.toLatin1().constData()) != 0)
+            QSKIP("only root makes file systems");
+        QVERIFY(!readOnly || QDir().mkpath(folder));
+        QVERIFY(!readOnly || ::mount("none", place.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0);
+    }
+    if (readOnly) room.script.expect("FolderExist", "OverwriteBtn");
+    room.script.expect("SavingFinishDlg", "OkBtn", [&](QDialog *dialog) {
+        QCOMPARE(dialog->findChild<QLabel *>("label")->text(),
+                 QString("%1 of 2 files were saved.").arg(readOnly ? 0 : 1));
+        const QString told = dialog->findChild<QPlainTextEdit *>("problems")->toPlainText().section('\n', -1);
+        QCOMPARE(told, "b.jpg: " + QString(reason).replace("%1", folder + "/b.jpg"));
     });
     room.chooser.answers.push_back({room.destination()});
     QVERIFY(room.click("SaveRepairBtn_2"));
-    QCOMPARE(tickedRows(room), QStringList("a.jpg"));
+    ::umount2(QFile::encodeName(room.destination()).constData(), MNT_DETACH);
+    const QStringList left = readOnly ? QStringList{"a.jpg", "b.jpg"} : QStringList("b.jpg");
+    QCOMPARE(tickedRows(room), left);
     QVERIFY(room.find("SaveRepairBtn_2")->isEnabled());
 
-    room.script.expect("BackApplicationDlg", "NoBtn", [](QDialog *dialog) {
+    room.script.expect("BackApplicationDlg", "NoBtn", [&](QDialog *dialog) {
         const QString text = dialog->findChild<QLabel *>("warning")->text();
-        QVERIFY2(text.endsWith(": 1"), qPrintable(text)); // the one that was never saved
+        QVERIFY2(text.endsWith(QString(": %1").arg(left.size())), qPrintable(text));
     });
     QVERIFY(room.click("BackBtn_2"));
+
+    // Nothing was wiped: a second save elsewhere has all that is left.
+    if (disk.isEmpty()) QVERIFY(QFile::rename(room.result("kept"), room.result("b.jpg")));
+    QVERIFY(QDir().mkpath(room.place("elsewhere")));
+    room.script.expect("SavingFinishDlg", "OkBtn", [](QDialog *dialog) {
+        QCOMPARE(dialog->findChild<QLabel *>("label")->text(), QString("Image(s) saved successfully."));
+    });
+    room.chooser.answers.push_back({room.place("elsewhere")});
+    QVERIFY(room.click("SaveRepairBtn_2"));
+    QStringList saved = left;
+    QCOMPARE(WindowRoom::filesBelow(room.place("elsewhere")), saved.replaceInStrings(QRegExp("^"), "RepairedFiles/"));
+    QVERIFY(tickedRows(room).isEmpty());
     QCOMPARE(room.complaint(), QString());
 }
 

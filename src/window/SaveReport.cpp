@@ -1,0 +1,62 @@
+#include "window/SaveReport.h"
+
+#include "app/KesmiraApp.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+class Words
+{
+    Q_DECLARE_TR_FUNCTIONS(SaveReport)
+
+public:
+    /// Why an output isn't among the saved ones; empty if it is.
+    static QString problem(const SavedRow &row)
+    {
+        switch (row.result) {
+        case SaveResult::Saved: return {};
+        case SaveResult::Skipped: return tr("%1: skipped").arg(row.name);
+        case SaveResult::Identical: return tr("%1: skipped, the same file is there already").arg(row.name);
+        case SaveResult::Failed: break;
+        }
+        return row.name + QLatin1String(": ") + row.error;
+    }
+
+    static QString shortfall(int saved, int all) { return tr("%1 of %2 files were saved.").arg(saved).arg(all); }
+
+    /// `with` of the saved copies got the camera's data, `without` could have.
+    static QString note(int with, int without)
+    {
+        if (with > 0) return tr("Saved with the camera's data (date, place, orientation, colours): %1").arg(with);
+        if (without == 0) return {};
+        if (pApp->bCameraData) return tr("No camera data (date, place, orientation, colours) were found to put back.");
+        const QString lack = tr("The saved photos lack the camera's data (date, place, orientation, colours).");
+        if (pApp->bChineseBuild) return lack; // it has no menu
+        return tr("%1 To save them with these, choose \"Put the camera's data back\" in the File menu first.")
+            .arg(lack);
+    }
+};
+
+} // namespace
+
+SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &couldTake)
+{
+    SavingReport report;
+    int saved = 0;
+    int with = 0;
+    int without = 0;
+    for (const SavedRow &row : outcome.rows) {
+        if (row.result == SaveResult::Saved) ++saved;
+        if (row.cameraData) ++with;
+        if (row.result == SaveResult::Saved && !row.cameraData && couldTake.contains(row.name)) ++without;
+        const QString problem = Words::problem(row);
+        if (!problem.isEmpty()) report.problems << problem;
+    }
+    if (!report.problems.isEmpty()) report.shortfall = Words::shortfall(saved, outcome.rows.size());
+    report.note = Words::note(with, without);
+    report.anySaved = saved > 0;
+    return report;
+}
