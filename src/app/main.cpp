@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QTextCodec>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -55,6 +56,7 @@ void setUpLanguage()
 int main(int argc, char *argv[])
 {
     QCoreApplication::setSetuidAllowed(true);
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on a file's size shows as a failed write and doesn't end the program
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); // file names, whatever the locale
     const QString text = textWithoutWindow(argc, argv);
     if (!text.isEmpty()) return std::fputs(text.toUtf8().constData(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
