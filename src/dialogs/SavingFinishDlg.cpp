@@ -19,7 +19,7 @@ SavingFinishDlg::SavingFinishDlg(QWidget *parent, const QString &path, const Sav
     ui->noteLabel->setText(m_report.note);
     ui->noteLabel->setVisible(!m_report.note.isEmpty());
     const int height = 190 + (m_report.problems.isEmpty() ? 0 : 120) + (m_report.note.isEmpty() ? 0 : 60);
-    finishSetUp({m_report.problems.isEmpty() ? 400 : 520, height}, ui->OkBtn);
+    finishSetUp({m_report.problems.isEmpty() ? 480 : 520, height}, ui->OkBtn);
 }
 
 SavingFinishDlg::~SavingFinishDlg() = default;

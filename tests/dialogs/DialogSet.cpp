@@ -92,6 +92,18 @@ const std::vector<DialogCase> &allDialogs()
         {"major update", plain<QMajorUpdate>},
         {"download", plain<QDownloadApp>},
         {"saved", [](QWidget *parent) { return std::make_unique<SavingFinishDlg>(parent, "/media/card/out"); }},
+        {"saved in part",
+         [](QWidget *parent) {
+             SavingReport report;
+             report.shortfall = "14 of 17 files were saved.";
+             for (int i = 1; i <= 3; ++i)
+                 report.problems << QString("IMG_000%1.jpg: '/media/card/out/RepairedFiles/IMG_000%1.jpg': "
+                                            "the disk is full")
+                                        .arg(i);
+             report.note = "The saved photos lack the camera's data (date, place, orientation, colours). To save them "
+                           "with these, choose \"Put the camera's data back\" in the File menu first.";
+             return std::make_unique<SavingFinishDlg>(parent, "/media/card/out", report);
+         }},
     };
     return all;
 }

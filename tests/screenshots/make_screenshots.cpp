@@ -143,7 +143,7 @@ void saving(Album &album, WindowRoom &room)
     room.chooser.answers.push_back({room.destination()});
     room.script.expect("FolderExist", "OverwriteBtn", album.taking("dialog-folder-exists"));
     room.script.expect("AlreadyExistFileDlg", "SkipAllBtn", album.taking("dialog-file-exists"));
-    room.script.expect("SavingFinishDlg", "OkBtn");
+    room.script.expect("SavingFinishDlg", "OkBtn", album.taking("dialog-saved-in-part"));
     album.check(room.click("SaveRepairBtn_2"), "saving again");
 }
 
@@ -174,6 +174,8 @@ void results(Album &album)
     album.take(room.window.get(), "results-filtered");
     room.click("showAllBtn");
     withSample(album, room, failed);
+    room.script.expect("BackApplicationDlg", "NoBtn", album.taking("dialog-back-unsaved"));
+    album.check(room.click("BackBtn_2"), "back with unsaved results");
     saving(album, room);
     room.script.expect("BackApplicationDlg", "NoBtn", album.taking("dialog-back"));
     album.check(room.click("BackBtn_2"), "back");
