@@ -104,6 +104,7 @@ int main(int argc, char *argv[])
 
     auto *window = new BrowseRepair; // lives as long as the process
     QObject::connect(&instance, &SingleInstance::asked, window, &BrowseRepair::ComeToFront);
+    QObject::connect(window, &BrowseRepair::leaving, &instance, &SingleInstance::leave);
     window->show();
     pApp->InitInstance(window);
     window->AddNamedFiles(line.files);

@@ -47,6 +47,12 @@ bool readMessage(const QByteArray &line, QStringList &paths)
     return true;
 }
 
+/// Stands while the owner wipes before it ends.
+QString leavingMark()
+{
+    return workingRoot() + "/kesmira.leaving";
+}
+
 /// In a folder for everybody, somebody else may have put a socket of that name there.
 bool isOwnSocket(const QString &path)
 {
@@ -58,7 +64,18 @@ bool isOwnSocket(const QString &path)
 
 SingleInstance::SingleInstance(QObject *parent) : QObject(parent) {}
 
-SingleInstance::~SingleInstance() = default;
+SingleInstance::~SingleInstance()
+{
+    if (m_lock) QFile::remove(leavingMark());
+}
+
+void SingleInstance::leave()
+{
+    if (!m_lock) return;
+    QFile mark(leavingMark());
+    mark.open(QIODevice::WriteOnly);
+    m_server->close();
+}
 
 QString SingleInstance::socketPath()
 {
@@ -86,6 +103,7 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
     do {
         if (lock->tryLock(0)) {
             m_lock = std::move(lock);
+            QFile::remove(leavingMark()); // of one that was ended by force
             listen();
             return Start::First;
         }
@@ -100,6 +118,7 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
         const HandOver result = handOver(message, int(qMax<qint64>(m_patience - waited.elapsed(), 1)));
         if (result == HandOver::Done) return Start::HandedOver;
         isOwnerSilent = result == HandOver::NoAnswer;
+        if (QFile::exists(leavingMark())) waited.restart();
         // The owner may be about to listen, or about to end.
         QThread::msleep(kPauseBetween);
     } while (waited.elapsed() < m_patience);

@@ -24,11 +24,16 @@ public:
     explicit SingleInstance(QObject *parent = nullptr);
     ~SingleInstance() override;
 
-    /// Prepares the working root and settles who owns it; blocks for the patience at most, and needs no event loop to be
+    /// Prepares the working root and settles who owns it; blocks for the patience at most, unless the owner is
+    /// leaving, and needs no event loop to be
     /// running. Unless it comes first, it changes nothing below the root. `paths` are the files to hand over; they may
     /// be relative.
     Start start(const QStringList &paths, QString *why);
-    /// How long to wait for an owner that is starting or ending, in milliseconds; 5000 unless set.
+    /// The owner's work is done but for what it wipes yet: it takes no more files, and the next start waits until this
+    /// object is destroyed, however long that takes.
+    void leave();
+    /// How long to wait for an owner that is starting or ending, in milliseconds; 5000 unless set. One that has called
+    /// leave() is waited for without an end.
     void setPatience(int milliseconds) { m_patience = milliseconds; }
     /// How long a caller may take to say what it wants, in milliseconds; 2000 unless set.
     void setCallerTime(int milliseconds) { m_callerTime = milliseconds; }

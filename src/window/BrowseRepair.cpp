@@ -17,6 +17,7 @@
 #include "window/DrgDrp.h"
 #include "window/Globals.h"
 #include "window/ListCount.h"
+#include "window/ListTools.h"
 #include "window/MyTreeWidget.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
@@ -154,6 +155,7 @@ void BrowseRepair::buildDropArea()
     pDropHint->setAlignment(Qt::AlignCenter);
     pDropHint->setGeometry(29, 222, 721, 40); // under the button, which isn't in the middle
     pDropHint->setWordWrap(true);
+    m_listTools = new ListTools(ui->frame);
 }
 
 void BrowseRepair::setStyleSheet()
@@ -179,8 +181,8 @@ void BrowseRepair::setTitleLabels()
 void BrowseRepair::Init()
 {
     CreateShortcuts();
+    CreateDeepSalvageAction();
     if (!pApp->bChineseBuild) {
-        CreateDeepSalvageAction();
         CameraDataSwitch::make(this);
         CreateMenuBar();
     }
@@ -206,6 +208,8 @@ void BrowseRepair::retranslate()
     ui->retranslateUi(this);
     setTitleLabels();
     retranslateMenus();
+    nameDeepSalvageAction();
+    m_listTools->retranslate();
     pDropButton->setToolTip(tr("Add Files"));
     pDropButton->setAccessibleName(tr("Add Files"));
     pDropHint->setText(tr("Click to add photos, or drag JPEG files here."));
@@ -246,7 +250,11 @@ void BrowseRepair::connectSignals()
     connect(ui->AddFilesBtn, &QPushButton::clicked, this, &BrowseRepair::AddFilesProcess);
     connect(pDropButton, &QPushButton::clicked, this, &BrowseRepair::AddFilesProcess);
     connect(ui->RemovFileBtn, &QPushButton::clicked, this, &BrowseRepair::RemoveFrmListProcess);
-    connect(pFileList, &DrgDrp::removeAsked, this, &BrowseRepair::RemoveFrmListProcess);
+    connect(pFileList, &DrgDrp::removeFileAsked, this, &BrowseRepair::RemoveCurrentFile);
+    connect(pFileList, &DrgDrp::removeTickedAsked, this, &BrowseRepair::RemoveTickedFiles);
+    connect(m_listTools->removeFile, &QPushButton::clicked, this, &BrowseRepair::RemoveCurrentFile);
+    connect(m_listTools->removeTicked, &QPushButton::clicked, this, &BrowseRepair::RemoveTickedFiles);
+    connect(pFileList, &DrgDrp::refused, this, &BrowseRepair::showDropRefusal);
     connect(pFileList, &DrgDrp::setPath, this, &BrowseRepair::SetItemInTreeWidget);
     connect(pFileList, &QTreeWidget::itemClicked, this, &BrowseRepair::OnRepairItemClicked);
     connect(ui->checkBox1, &QCheckBox::clicked, this, &BrowseRepair::OnCheckBoxbtnClicked);
@@ -302,9 +310,20 @@ void BrowseRepair::connectRunSignals()
 
 void BrowseRepair::orderFocus()
 {
-    const QList<QWidget *> first{
-        pDropButton,   pFileList,   ui->checkBox1,   ui->AddFilesBtn, ui->RemovFileBtn, ui->StartRepairFilesBtn,
-        ui->UpdateBtn, ui->HelpBtn, ui->MiniMaBtn_2, ui->closeBtn_2,  pMoreToolsBtn};
+    const QList<QWidget *> first{pDropButton,
+                                 pFileList,
+                                 ui->checkBox1,
+                                 ui->AddFilesBtn,
+                                 ui->RemovFileBtn,
+                                 m_listTools->removeFile,
+                                 m_listTools->removeTicked,
+                                 m_deepBox,
+                                 ui->StartRepairFilesBtn,
+                                 ui->UpdateBtn,
+                                 ui->HelpBtn,
+                                 ui->MiniMaBtn_2,
+                                 ui->closeBtn_2,
+                                 pMoreToolsBtn};
     QList<QWidget *> second = m_summary->stops();
     second << QList<QWidget *>{
         pResultTree,         m_details,     ui->checkBox1_2, ui->checkBox3, ui->StopRepairProcessBtn_2,

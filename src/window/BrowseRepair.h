@@ -34,10 +34,12 @@ class DeepRoad;
 class DetailsPane;
 class DrgDrp;
 class ListCount;
+class ListTools;
 class MessageBox;
 class MyTreeWidget;
 class QAbstractButton;
 class QAction;
+class QCheckBox;
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -45,6 +47,7 @@ class QTreeWidget;
 class QTreeWidgetItem;
 class ResultSummary;
 class Ui_BrowseRepairObj;
+struct DropRefusal;
 struct FileOutcome;
 struct SavedRow;
 
@@ -74,11 +77,16 @@ public slots:
     // File list
     void AddFilesProcess();
     void SetItemInTreeWidget(const QStringList &paths);
-    /// Adds files that were named outside of the window, as the dialog would. Paths of folders are passed over.
+    /// Adds files that were named outside of the window, as the dialog would. Those of other formats are named in the
+    /// window; where no file is left, the page stays as it is.
     void AddNamedFiles(const QStringList &paths);
     /// Another start of the program: shows the window and takes the files, now or once the file list is up again.
     void ComeToFront(const QStringList &paths);
     void RemoveFrmListProcess();
+    /// Takes the current row off the list.
+    void RemoveCurrentFile();
+    /// RemoveFrmListProcess, and an empty list is the drop zone again.
+    void RemoveTickedFiles();
     void OnRepairItemClicked(QTreeWidgetItem *item, int column);
     void OnCheckBoxbtnClicked(bool checked);
     void SelectAllProcess() {}
@@ -159,6 +167,8 @@ public slots:
     void LoadChineseLanguages2() { loadLanguage(6, &BrowseRepair::OnLanguageChangeCheckBoxUpdate2); }
 
 signals:
+    /// The window is gone, but wiping the results may take a while yet.
+    void leaving();
     void displayItem();
     void Showlabel();
     void SetCheckBoxEnabled();
@@ -238,6 +248,8 @@ private:
     void launch(const QString &bundle);
     void KillApplication();
     void setTitleLabels();
+    /// The program's name on the first page, which a run has put its own title on.
+    void showTitle();
 
     // File list
     bool AlreadyAdded(const QString &path);
@@ -249,13 +261,17 @@ private:
     {
         QString name, path, size, modified, created;
     };
-    void setUpList(const QRect &geometry, ListHeads (*heads)());
+    /// `sortColumn` is -1 for the order of adding, until a header is clicked.
+    void setUpList(const QRect &geometry, ListHeads (*heads)(), int sortColumn);
+    /// An empty list is as it was before the first file came.
+    void showDropZone();
+    void showDropRefusal(const DropRefusal &refusal);
     void takeHandedOver();
     void showFilledList();
     void showListState();
 
     // Deep salvage
-    /// The entry of both menu bars, switched as the preferences have it; the build fixed to Chinese has none.
+    /// The entry of both menu bars and the box of the first page, switched as the preferences have it.
     void CreateDeepSalvageAction();
     void nameDeepSalvageAction();
     /// On the worker, behind the other ways and once their rows are posted: adds one more row if a salvage gives one.
@@ -357,12 +373,14 @@ private:
     QLabel *pDropHint = nullptr;
     ListCount *m_listCount = nullptr;
     ResultSummary *m_summary = nullptr;
+    ListTools *m_listTools = nullptr;
     MessageBox *pMessageBox = nullptr;
     BackApplicationDlg *pBackDlg = nullptr;
     QPointer<AdvancedRepairDlg> pAdvancedDlg;
     QMenuBar *pMenuBar = nullptr;
     QMenuBar *pMenuBar2 = nullptr;
-    QAction *m_deepSalvage = nullptr; ///< null in the build fixed to Chinese
+    QAction *m_deepSalvage = nullptr;
+    QCheckBox *m_deepBox = nullptr; ///< the same on the first page
     QPushButton *pMoreToolsBtn = nullptr;
     std::map<const QObject *, std::function<void()>> m_words;
     FramelessMove m_move;

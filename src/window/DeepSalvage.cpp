@@ -8,6 +8,7 @@
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QSettings>
 
 namespace {
@@ -33,15 +34,25 @@ void BrowseRepair::CreateDeepSalvageAction()
         pApp->bDeepSalvage = on;
         Preferences().setValue(kDeepSalvageKey, on);
     });
+    m_deepBox = new QCheckBox(ui->frame);
+    m_deepBox->setObjectName(QStringLiteral("deepBox"));
+    m_deepBox->setChecked(pApp->bDeepSalvage);
+    m_deepBox->hide();
+    connect(m_deepBox, &QCheckBox::toggled, m_deepSalvage, &QAction::setChecked);
+    connect(m_deepSalvage, &QAction::changed, m_deepBox, [this] {
+        m_deepBox->setChecked(m_deepSalvage->isChecked());
+        m_deepBox->setEnabled(m_deepSalvage->isEnabled());
+    });
 }
 
 void BrowseRepair::nameDeepSalvageAction()
 {
-    if (!m_deepSalvage) return;
     const QString tip = tr("Searches damaged JPEG photos more thoroughly. Parts of a salvaged picture may be a guess.");
     m_deepSalvage->setText(tr("&Deep salvage"));
     m_deepSalvage->setToolTip(tip);
     m_deepSalvage->setStatusTip(tip);
+    m_deepBox->setText(tr("Deep salvage"));
+    m_deepBox->setToolTip(tip);
 }
 
 bool BrowseRepair::isSalvaged(const QTreeWidgetItem *row)

@@ -1,5 +1,6 @@
 #include "window/DrgDrp.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -17,6 +18,22 @@ QStringList takenFromDrop(const QMimeData *data)
         if (taken.contains(file.suffix())) paths.append(file.filePath());
     }
     return paths;
+}
+
+DropRefusal refusedFromDrop(const QMimeData *data)
+{
+    DropRefusal refusal;
+    const QStringList taken = takenFromDrop(data);
+    for (const QUrl &url : data->urls()) {
+        const QFileInfo file(url.toLocalFile());
+        if (!file.isDir() && (refusal.folders || taken.contains(file.filePath()))) continue;
+        if (file.isDir() && !refusal.folders) {
+            refusal.folders = true;
+            refusal.names.clear();
+        }
+        refusal.names << (file.isDir() ? QDir(file.filePath()).dirName() : file.fileName());
+    }
+    return refusal;
 }
 
 DragWidget::DragWidget(QWidget *parent) : QFrame(parent)
@@ -41,18 +58,21 @@ void DragWidget::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
     emit dataDropped(takenFromDrop(event->mimeData()));
+    const DropRefusal refusal = refusedFromDrop(event->mimeData());
+    if (!refusal.names.isEmpty()) emit refused(refusal);
 }
 
 DrgDrp::DrgDrp(QWidget *parent) : QTreeWidget(parent), pDropArea(new DragWidget(this))
 {
     setAcceptDrops(true);
     connect(pDropArea, &DragWidget::dataDropped, this, &DrgDrp::setPath);
+    connect(pDropArea, &DragWidget::refused, this, &DrgDrp::refused);
 }
 
 void DrgDrp::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Delete) {
-        emit removeAsked();
+        emit removeFileAsked();
         return;
     }
     QTreeWidget::keyPressEvent(event);
@@ -64,7 +84,10 @@ void DrgDrp::contextMenuEvent(QContextMenuEvent *event)
 {
     if (topLevelItemCount() == 0) return;
     QMenu menu(this);
-    connect(menu.addAction(tr("Remove Files")), &QAction::triggered, this, &DrgDrp::removeAsked);
+    QAction *one = menu.addAction(tr("Remove file"));
+    one->setEnabled(currentItem());
+    connect(one, &QAction::triggered, this, &DrgDrp::removeFileAsked);
+    connect(menu.addAction(tr("Remove ticked")), &QAction::triggered, this, &DrgDrp::removeTickedAsked);
     menu.exec(event->globalPos());
 }
 
@@ -84,4 +107,6 @@ void DrgDrp::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
     emit setPath(takenFromDrop(event->mimeData()));
+    const DropRefusal refusal = refusedFromDrop(event->mimeData());
+    if (!refusal.names.isEmpty()) emit refused(refusal);
 }

@@ -11,6 +11,14 @@ class QMimeData;
 /// cancels the whole drop.
 QStringList takenFromDrop(const QMimeData *data);
 
+/// What takenFromDrop leaves behind: the folders, if there is one, else the files of other formats. Names without folder.
+struct DropRefusal
+{
+    QStringList names;
+    bool folders = false;
+};
+DropRefusal refusedFromDrop(const QMimeData *data);
+
 class DragWidget : public QFrame
 {
     Q_OBJECT
@@ -20,6 +28,7 @@ public:
 
 signals:
     void dataDropped(QStringList paths);
+    void refused(const DropRefusal &refusal);
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -38,8 +47,11 @@ public:
 
 signals:
     void setPath(QStringList paths);
-    /// The Delete key, or the entry of the context menu.
-    void removeAsked();
+    /// Behind setPath, where something of the drop was not taken.
+    void refused(const DropRefusal &refusal);
+    /// The Delete key, or an entry of the context menu.
+    void removeFileAsked();
+    void removeTickedAsked();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

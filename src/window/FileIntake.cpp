@@ -6,8 +6,11 @@
 #include "window/BrowseRepair.h"
 #include "window/DrgDrp.h"
 #include "window/KindIcon.h"
+#include "window/ListRow.h"
+#include "window/ListTools.h"
 #include "window/ui_BrowseRepairObj.h"
 
+#include <QCheckBox>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QElapsedTimer>
@@ -17,9 +20,6 @@
 #include <QSet>
 
 namespace {
-
-/// Columns of the file list; those from 3 to 6 are hidden.
-enum ListColumn { Name, Path, Size, FileId, ParentId, SizeInBytes, TemporaryPath, Modified, Created, ListColumns };
 
 const QStringList &dialogSuffixes()
 {
@@ -91,16 +91,24 @@ void BrowseRepair::takeHandedOver()
 void BrowseRepair::AddNamedFiles(const QStringList &paths)
 {
     if (m_takingFiles || paths.isEmpty()) return;
+    QStringList others;
+    for (const QString &path : paths)
+        if (!dialogSuffixes().contains(QFileInfo(path).suffix().toUpper())) others << QFileInfo(path).fileName();
+    m_listTools->showRefused(tr("Not of a format that can be repaired:"), others);
+    if (others.size() == paths.size()) return;
     lstPendingPaths = paths;
     pApp->bFirstScreen = false;
     pApp->bFileListActive = true;
     pDropButton->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
     if (!bListSetUp) {
-        setUpList(QRect(25, 240, 800, 250), [] {
-            return ListHeads{tr("  File Name"), tr("  Path"), tr(" Size (KB)"), tr(" Modified Date"),
-                             tr(" Created Date")};
-        });
+        setUpList(
+            QRect(25, 240, 800, 250),
+            [] {
+                return ListHeads{tr("  File Name"), tr("  Path"), tr(" Size (KB)"), tr(" Modified Date"),
+                                 tr(" Created Date")};
+            },
+            -1);
         pFileList->setFont(look::font(QStringLiteral("Lucida Grande"), 12));
         setListWidths(90, 165);
     }
@@ -117,16 +125,20 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
 {
     if (m_takingFiles || !ui->frame->isVisibleTo(this)) return;
     lstPendingPaths = paths;
+    m_listTools->showRefused({}, {});
     if (paths.isEmpty()) return;
     pApp->bFirstScreen = false;
     pApp->bFileListActive = true;
     pDropButton->hide();
     ui->StartRepairFilesBtn->setEnabled(false);
     if (!bListSetUp) {
-        setUpList(QRect(24, 226, 692, 270), [] {
-            return ListHeads{tr("   File Name"), tr(" Path"), tr(" Size(KB)"), tr("Modified date"), tr("Created date")};
-        });
-        pFileList->setSortingEnabled(true);
+        setUpList(
+            QRect(24, 226, 692, 270),
+            [] {
+                return ListHeads{tr("   File Name"), tr(" Path"), tr(" Size(KB)"), tr("Modified date"),
+                                 tr("Created date")};
+            },
+            Name);
         pFileList->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 13));
         setListWidths(100, 150);
     }
@@ -138,7 +150,7 @@ void BrowseRepair::SetItemInTreeWidget(const QStringList &paths)
     takeHandedOver();
 }
 
-void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)())
+void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)(), int sortColumn)
 {
     bListSetUp = true;
     pFileList->pDropArea->hide();
@@ -161,6 +173,8 @@ void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)())
     pFileList->setRootIsDecorated(false);
     pFileList->setIconSize(QSize(16, 16));
     for (int column = FileId; column <= TemporaryPath; ++column) pFileList->setColumnHidden(column, true);
+    pFileList->header()->setSortIndicator(sortColumn, Qt::AscendingOrder);
+    pFileList->setSortingEnabled(true);
 }
 
 void BrowseRepair::setListWidths(int size, int date)
@@ -206,7 +220,7 @@ void BrowseRepair::takePaths(const QStringList &paths, const QStringList &suffix
         const bool taken =
             withIcon ? suffixes.contains(pApp->strFileSuffix.toUpper()) : suffixes.contains(pApp->strFileSuffix);
         if (withIcon && !taken) continue;
-        auto *item = new QTreeWidgetItem;
+        auto *item = new ListRow;
         rows << item;
         if (taken) {
             fillRow(item, path, withIcon);
@@ -245,6 +259,8 @@ void BrowseRepair::fillRow(QTreeWidgetItem *item, const QString &path, bool with
     item->setText(TemporaryPath, path);
     item->setText(Modified, dateText(file.lastModified()));
     item->setText(Created, dateText(file.birthTime()));
+    item->setData(Modified, Qt::UserRole, file.lastModified());
+    item->setData(Created, Qt::UserRole, file.birthTime());
     ++nFileIdNext;
     ++nFileCount;
 }
@@ -261,7 +277,36 @@ void BrowseRepair::showFilledList()
         widget->setEnabled(true);
     }
     ui->checkBox1->setCheckState(Qt::Checked);
+    m_listTools->setShown(true);
+    m_deepBox->show();
     pFileList->setFocus();
+}
+
+void BrowseRepair::showDropZone()
+{
+    bListSetUp = false;
+    m_words.erase(pFileList);
+    pFileList->setSortingEnabled(false);
+    pFileList->setHeaderHidden(true);
+    pFileList->setFocusPolicy(Qt::NoFocus);
+    pFileList->setGeometry(25, 240, 800, 280);
+    pFileList->pDropArea->show();
+    for (QWidget *hidden : {static_cast<QWidget *>(ui->AddFilesBtn), static_cast<QWidget *>(ui->StartRepairFilesBtn),
+                            static_cast<QWidget *>(ui->checkBox1), static_cast<QWidget *>(ui->label_2),
+                            static_cast<QWidget *>(m_deepBox)})
+        hidden->hide();
+    m_listTools->setShown(false);
+    pDropButton->setEnabled(true);
+    pDropButton->show();
+    pDropButton->setFocus();
+    pApp->bFirstScreen = true;
+}
+
+void BrowseRepair::showDropRefusal(const DropRefusal &refusal)
+{
+    m_listTools->showRefused(refusal.folders ? tr("Folders can't be dropped, so nothing was added:")
+                                             : tr("Only JPEG files can be dropped; take Add for:"),
+                             refusal.names);
 }
 
 void BrowseRepair::showListState()
@@ -318,6 +363,20 @@ void BrowseRepair::RemoveFrmListProcess()
         ui->StartRepairFilesBtn->setEnabled(false);
     }
     if (countChecked(pFileList) == 0) ui->StartRepairFilesBtn->setEnabled(false);
+}
+
+void BrowseRepair::RemoveCurrentFile()
+{
+    if (m_takingFiles || !pFileList->currentItem()) return;
+    delete pFileList->currentItem();
+    showListState();
+    if (pFileList->topLevelItemCount() == 0) showDropZone();
+}
+
+void BrowseRepair::RemoveTickedFiles()
+{
+    RemoveFrmListProcess();
+    if (!m_takingFiles && pFileList->topLevelItemCount() == 0) showDropZone();
 }
 
 void BrowseRepair::OnRepairItemClicked(QTreeWidgetItem *item, int)

@@ -5,10 +5,12 @@
 #include "app/KesmiraApp.h"
 #include "desktop/Look.h"
 #include "window/BrowseRepair.h"
+#include "window/ListTools.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QAction>
 #include <QActionGroup>
+#include <QCheckBox>
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -158,6 +160,10 @@ void BrowseRepair::setGeometryOf(int number)
 void BrowseRepair::placeByWords()
 {
     ui->RemovFileBtn->move(ui->AddFilesBtn->geometry().right() + 9, ui->RemovFileBtn->y());
+    m_listTools->place(ui->RemovFileBtn->x());
+    const QRect repair = ui->StartRepairFilesBtn->geometry();
+    const int deep = m_deepBox->sizeHint().width();
+    m_deepBox->setGeometry(repair.x() - 16 - deep, repair.y(), deep, repair.height());
     // The two boxes of the results page stand side by side as far as their words let them.
     const int selectAll = std::max(150, ui->SelectAll_labl->sizeHint().width());
     ui->SelectAll_labl->setFixedWidth(selectAll);

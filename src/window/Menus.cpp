@@ -148,5 +148,4 @@ void BrowseRepair::retranslateMenus()
     name("actionExit", tr("E&xit"));
     name("actionHelp", tr("&Help"));
     if (auto *cameraData = findChild<QAction *>(QStringLiteral("actionCameraData"))) CameraDataSwitch::name(cameraData);
-    nameDeepSalvageAction();
 }

@@ -47,6 +47,12 @@ CustomButton *BrowseRepair::buttonOf(const QTreeWidgetItem *row) const
     return lstRowButtons.value(index).pButton;
 }
 
+void BrowseRepair::showTitle()
+{
+    say(ui->label, [this] { ui->label->setText(tr("Kesmira")); });
+    ui->label->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 14));
+}
+
 void BrowseRepair::OnCompletionMsgBox()
 {
     stopDlgObj->hide(); // the run is over: there is nothing left to stop
@@ -58,8 +64,7 @@ void BrowseRepair::OnCompletionMsgBox()
             tr("Click on the 'Save Repaired Files' to save all your repaired photos. Click the file to preview it. "));
     });
     m_repairThread.quit();
-    say(ui->label, [this] { ui->label->setText(tr("Kesmira")); });
-    ui->label->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 14));
+    showTitle();
     say(ui->label_3, [this] { ui->label_3->setText(tr("Repair process completed.")); });
     m_repairThread.quit();
     // Whoever has stopped the run knows that it is over.

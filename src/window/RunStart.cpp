@@ -128,8 +128,8 @@ void BrowseRepair::RepairFilesProcess()
 void BrowseRepair::startRun(RunPlan plan)
 {
     plan.run = ++m_run;
-    plan.deepSalvage = m_deepSalvage && pApp->bDeepSalvage;
-    if (m_deepSalvage) m_deepSalvage->setEnabled(false);
+    plan.deepSalvage = pApp->bDeepSalvage;
+    m_deepSalvage->setEnabled(false);
     afterRun([this, plan] {
         if (plan.run != m_run) return;
         m_plan = plan;
@@ -173,7 +173,7 @@ void BrowseRepair::OnWorkerLeft()
         task();
     }
     if (m_workerBusy) return;
-    if (m_deepSalvage) m_deepSalvage->setEnabled(true);
+    m_deepSalvage->setEnabled(true);
     emit workerLeft();
 }
 

@@ -1,7 +1,6 @@
 // The three ways out: Stop ends a run and keeps what was made, Back and Close empty the working folder.
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
-#include "desktop/Look.h"
 #include "dialogs/BackApplicationDlg.h"
 #include "dialogs/CloseApplicationDlg.h"
 #include "dialogs/StopDlg.h"
@@ -103,13 +102,12 @@ void BrowseRepair::OnClickedBackBtn()
     ui->graphicsView->hide();
     ui->frame2->hide();
     ui->label_5->clear();
-    say(ui->label, [this] { ui->label->setText(tr("Kesmira")); });
-    ui->label->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 14));
     ui->checkBox1->setEnabled(true);
     ui->label_2->setEnabled(true);
     ui->AddFilesBtn->show();
     ui->RemovFileBtn->setEnabled(true);
     pDropButton->setEnabled(true);
+    showTitle(); // a stopped run that is left at once has no chance to do so
     ui->StartRepairFilesBtn->show();
     ui->StartRepairFilesBtn->setEnabled(true);
     pApp->bResultsPage = false;
@@ -158,6 +156,7 @@ void BrowseRepair::closeEvent(QCloseEvent *event)
     // Nothing may be freed under a worker's hands, and no picture may be left behind by one that ends later.
     endWorker();
     m_afterRun.clear();
+    emit leaving();
     hide(); // wiping may take a while
     if (!pApp->strTempDir.isEmpty()) {
         WipeFolder().WipeFile(pApp->strTempDirName);

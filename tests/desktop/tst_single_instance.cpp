@@ -16,6 +16,8 @@
 #include <QTest>
 
 #include <cstdio>
+#include <memory>
+#include <thread>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr int kRounds = 20;
@@ -102,6 +104,7 @@ private slots:
     void refused();
     void ownerWithoutEars();
     void busyOwner();
+    void leavingOwner();
     void longRoot();
     void badCallers_data();
     void badCallers();
@@ -204,6 +207,24 @@ void TestSingleInstance::busyOwner()
     QVERIFY(later.start({"/a"}, &why) == Start::Refused);
     QVERIFY2(why.contains("busy"), qPrintable(why));
     QTRY_COMPARE(asked.size(), 1);
+}
+
+/// An owner that wipes is waited for, longer than any patience.
+void TestSingleInstance::leavingOwner()
+{
+    auto owner = std::make_unique<SingleInstance>();
+    QString why;
+    QVERIFY(owner->start({}, &why) == Start::First);
+    owner->leave();
+    std::thread wipes([&owner] {
+        QThread::msleep(300);
+        owner.reset();
+    });
+    SingleInstance next;
+    next.setPatience(50);
+    const Start start = next.start({"/a"}, &why);
+    wipes.join();
+    QVERIFY2(start == Start::First, qPrintable(why));
 }
 
 void TestSingleInstance::longRoot()

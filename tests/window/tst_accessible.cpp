@@ -192,7 +192,8 @@ void TestAccessible::tabGoesThroughThePage_data()
     } pages[] = {
         {"empty list", State::Empty, "pDropButton UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
         {"list", State::Listed,
-         "pFileList checkBox1 AddFilesBtn StartRepairFilesBtn UpdateBtn HelpBtn MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
+         "pFileList checkBox1 AddFilesBtn removeFileBtn removeTickedBtn deepBox StartRepairFilesBtn UpdateBtn HelpBtn "
+         "MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
         {"run", State::Running, "StopRepairProcessBtn_2 HelpBtn_1 MiniMaBtn closeBtn pMoreToolsBtn"},
         {"results", State::Done,
          "pResultTree detailsPane checkBox1_2 checkBox3 SaveRepairBtn_2 BackBtn_2 UpdateBtn_2 HelpBtn_1 MiniMaBtn "
