@@ -425,16 +425,24 @@ Do you want to go back to previous screen?</source>
         <translation>详细信息</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1：已跳过</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>已保存 %1 个文件，共 %2 个。</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>尚未保存、将会丢失的结果：%1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>深度抢救</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>无法修复的格式：</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>不能拖放文件夹，因此未添加任何文件：</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>只能拖放 JPEG 文件；以下文件请用“添加”：</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Do you want to go back to previous screen?</source>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>保存照片时，其日期、地点、方向和颜色配置文件取自损坏的文件中完好的部分。</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>放回相机数据(&amp;C)</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>The server sends more than an update can hold.</source>
         <translation>服务器发送的数据量超过更新允许的大小。</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>更新的地址不安全。</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>服务器响应时间过长。</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Thumbnails are small sized images of large JPEGs.</source>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>从列表中移除</translation>
+        <source>Remove file</source>
+        <translation>移除此文件</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>移除勾选的文件</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,38 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 个文件，已勾选 %1 个</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n 个文件，已勾选 %1 个</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>移除此文件</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>将选中的文件从列表中移除。文件本身保持不动。</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>移除勾选的文件</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>将勾选的文件从列表中移除。文件本身保持不动。</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +910,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>seconds to few minutes </source>
         <translation>几秒到几分钟。</translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>此更新并非来自开发者，因此未安装。</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1174,138 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>全部显示</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>隐藏的勾选文件也会保存。</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 个文件：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n 个文件：</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>完好 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>完整 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>部分 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>存疑 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>未判定 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>未修复 %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>只显示这些文件，或重新显示全部。保存的内容不变。</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>下一步：在该行按“%1”，并提供同一相机拍摄的完好照片。</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>下一步：换一张同一相机、相同尺寸的完好照片再试。</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>下一步：此处已无能为力；请寻找该文件的其他副本。</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>下一步：确认文件仍在且可读取，然后重新修复。</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>下一步：腾出空间，然后重新修复。</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>下一步：返回并重新修复。</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>下一步：此处已无能为力；处理 RAW 照片的程序或许仍能打开该文件。</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>下一步：为其副本改用该格式的扩展名，然后修复副本。</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>缩略图：照片附带的小图像。</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>相机自带的预览图；其旁的 RAW 数据未作修复。</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>无法作为图像打开。</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>无需任何处理。</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>下一步：保存。无需其他处理。</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>下一步：保存前请先查看图像。</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>下一步：保存前请先查看图像；已没有办法找回更多内容。</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>不清楚图像有多少。</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>源文件：%1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1337,115 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1：已跳过</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1：已跳过，相同的文件已存在</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>已保存 %1 个文件，共 %2 个。</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>已连同相机数据（日期、地点、方向、颜色）保存：%1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>未找到可放回的相机数据（日期、地点、方向、颜色）。</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>保存的照片缺少相机数据（日期、地点、方向、颜色）。</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 要连同这些数据保存，请先在“文件”菜单中选择“放回相机数据”。</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>“%1”不能作为文件名</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>相关询问未作回答即被关闭</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>修复后的文件已不在工作文件夹中</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>已有同名文件</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>无法创建文件夹“%1”：%2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>目标“%1”不是文件夹</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>目标“%1”位于程序的工作文件夹内</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>在此之前保存已取消</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>磁盘已满</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>您的磁盘配额已用完</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>磁盘为只读</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>您没有写入该处的权限</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>文件夹已不存在</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>该名称的文件已存在</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>文件大于该处允许写入的大小</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>名称过长</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>磁盘出现故障或已移除</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>未全部保存</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1462,14 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>OK</source>
         <translation>确定</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>未保存的内容</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>保存位置：</translation>
     </message>
 </context>
 <context>

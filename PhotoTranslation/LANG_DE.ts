@@ -425,16 +425,24 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
         <translation>Einzelheiten</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1: übersprungen</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>%1 von %2 Dateien wurden gespeichert.</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>Ergebnisse, die nicht gespeichert sind und verloren gingen: %1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>Tiefenrettung</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>Kein Format, das sich reparieren lässt:</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>Ordner lassen sich nicht ablegen, daher wurde nichts hinzugefügt:</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>Nur JPEG-Dateien lassen sich ablegen; nehmen Sie „Hinzufügen“ für:</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>Beim Speichern kommen Datum, Ort, Ausrichtung und Farbprofil der Fotos aus den beschädigten Dateien, soweit sie dort heil sind.</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>&amp;Kameradaten zurückgeben</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>The server sends more than an update can hold.</source>
         <translation>Der Server sendet mehr, als ein Update enthalten kann.</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>Die Adresse der Aktualisierung ist nicht sicher.</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>Der Server braucht zu lange.</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>Aus der Liste entfernen</translation>
+        <source>Remove file</source>
+        <translation>Datei entfernen</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Angehakte entfernen</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,39 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 Datei, %1 angehakt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n Datei, %1 angehakt</numerusform>
+            <numerusform>%n Dateien, %1 angehakt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>Datei entfernen</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>Nimmt die gewählte Datei aus der Liste. Die Datei selbst bleibt, wo sie ist.</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Angehakte entfernen</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>Nimmt die angehakten Dateien aus der Liste. Die Dateien selbst bleiben, wo sie sind.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +911,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>seconds to few minutes </source>
         <translation>Sekunden bis wenige Minuten. </translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>Diese Aktualisierung stammt nicht vom Hersteller und wurde nicht installiert.</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1175,145 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>Alle zeigen</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>Auch ausgeblendete angehakte Dateien werden gespeichert.</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 Datei:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n Datei:</numerusform>
+            <numerusform>%n Dateien:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>%n heil</numerusform>
+            <numerusform>%n heil</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>%n vollständig</numerusform>
+            <numerusform>%n vollständig</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>%n teilweise</numerusform>
+            <numerusform>%n teilweise</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>%n zweifelhaft</numerusform>
+            <numerusform>%n zweifelhaft</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>%n ungeprüft</numerusform>
+            <numerusform>%n ungeprüft</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>%n nicht repariert</numerusform>
+            <numerusform>%n nicht repariert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>Zeigt nur diese Dateien oder wieder alle. Am Speichern ändert das nichts.</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>Weiter: In der Zeile „%1“ wählen und ein heiles Foto derselben Kamera angeben.</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>Weiter: Ein anderes heiles Foto derselben Kamera mit gleicher Größe versuchen.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>Weiter: Hier hilft nichts mehr; nach einer anderen Kopie der Datei suchen.</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>Weiter: Prüfen, ob die Datei noch da und lesbar ist, dann erneut reparieren.</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>Weiter: Platz schaffen, dann erneut reparieren.</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>Weiter: Zurückgehen und erneut reparieren.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>Weiter: Hier hilft nichts mehr; ein Programm für Rohdaten kann die Datei vielleicht noch öffnen.</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>Weiter: Einer Kopie die Endung dieses Formats geben und die Kopie reparieren.</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>Eine Miniatur: ein kleines Bild neben dem Foto.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>Die Vorschau der Kamera; die Rohdaten daneben werden nicht repariert.</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>Es lässt sich nicht als Bild öffnen.</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>Hier ist nichts zu tun.</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>Weiter: Speichern. Mehr ist nicht zu tun.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>Weiter: Das Bild vor dem Speichern ansehen.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>Weiter: Das Bild vor dem Speichern ansehen; mehr davon lässt sich nicht finden.</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>Wie viel vom Bild da ist, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Quelle: %1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1345,115 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: übersprungen</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1: übersprungen, dieselbe Datei ist schon da</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%1 von %2 Dateien wurden gespeichert.</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>Mit den Kameradaten (Datum, Ort, Ausrichtung, Farben) gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>Es fanden sich keine Kameradaten (Datum, Ort, Ausrichtung, Farben), die zurückgegeben werden könnten.</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>Den gespeicherten Fotos fehlen die Kameradaten (Datum, Ort, Ausrichtung, Farben).</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 Um sie damit zu speichern, vorher im Menü „Datei“ die Option „Kameradaten zurückgeben“ wählen.</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>„%1“ kann kein Dateiname sein</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>die Frage dazu wurde ohne Antwort geschlossen</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>die reparierte Datei ist aus dem Arbeitsordner verschwunden</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>eine Datei trägt diesen Namen</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>der Ordner „%1“ lässt sich nicht anlegen: %2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>das Ziel „%1“ ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>das Ziel „%1“ liegt im Arbeitsordner des Programms</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>das Speichern wurde vorher abgebrochen</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>Ihr Anteil am Datenträger (Quota) ist aufgebraucht</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>der Datenträger ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>Sie dürfen dort nicht schreiben</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>der Ordner ist verschwunden</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>eine Datei mit diesem Namen ist schon da</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>die Datei ist größer, als dort geschrieben werden darf</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>der Name ist zu lang</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>der Datenträger ist ausgefallen oder wurde entfernt</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>Nicht alles wurde gespeichert</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1470,14 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>Was nicht gespeichert wurde</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>Gespeichert in:</translation>
     </message>
 </context>
 <context>

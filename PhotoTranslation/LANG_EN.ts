@@ -425,16 +425,24 @@ Do you want to go back to the previous screen?</translation>
         <translation>Details</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1: skipped</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>%1 of %2 files were saved.</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>Results that have not been saved and would be lost: %1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>Deep salvage</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>Not of a format that can be repaired:</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>Folders can&apos;t be dropped, so nothing was added:</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>Only JPEG files can be dropped; take Add for:</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Do you want to go back to the previous screen?</translation>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>Put the &amp;camera&apos;s data back</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <source>The server sends more than an update can hold.</source>
         <translation>The server sends more than an update can hold.</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>The address of the update isn&apos;t a safe one.</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>The server takes too long.</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Thumbnails are small-sized images of large JPEGs.</translation>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>Remove Files</translation>
+        <source>Remove file</source>
+        <translation>Remove file</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Remove ticked</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,39 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 file, %1 ticked</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n files, %1 ticked</numerusform>
+            <numerusform>%n files, %1 ticked</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>Remove file</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>Takes the chosen file off the list. The file itself stays where it is.</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Remove ticked</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>Takes the ticked files off the list. The files themselves stay where they are.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +911,10 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>seconds to few minutes </source>
         <translation>seconds to a few minutes </translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>This isn&apos;t an update of the maker&apos;s, and it was not installed.</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1175,145 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>Show all</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>Hidden ticked files are saved, too.</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 file:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n files:</numerusform>
+            <numerusform>%n files:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>%n healthy</numerusform>
+            <numerusform>%n healthy</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>%n whole</numerusform>
+            <numerusform>%n whole</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>%n in part</numerusform>
+            <numerusform>%n in part</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>%n doubtful</numerusform>
+            <numerusform>%n doubtful</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>%n not judged</numerusform>
+            <numerusform>%n not judged</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>%n not repaired</numerusform>
+            <numerusform>%n not repaired</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>Shows these files alone, or all of them again. What is saved stays the same.</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>Next: try another healthy photo from the same camera, of the same size.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>Next: nothing here helps; look for another copy of the file.</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>Next: see that the file is still there and can be read, then repair it again.</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>Next: free some space, then repair it again.</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>Next: go back and repair it again.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>Next: nothing here helps; a program for raw photos may still open the file.</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>Next: give a copy of it the suffix of that format, and repair the copy.</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>A thumbnail: a small picture beside the photo.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>It doesn&apos;t open as a picture.</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>Nothing needs to be done about it.</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>Next: save it. Nothing more needs to be done.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>Next: look at the picture before you save it.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>Next: look at the picture before you save it; no way is left to find more of it.</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>How much of the picture is there isn&apos;t known.</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Source: %1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1345,115 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: skipped</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1: skipped, the same file is there already</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%1 of %2 files were saved.</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>Saved with the camera&apos;s data (date, place, orientation, colours): %1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>No camera data (date, place, orientation, colours) were found to put back.</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>&apos;%1&apos; can&apos;t be a file&apos;s name</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>the question about it was closed without an answer</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>the repaired file is gone from the working folder</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>a file has its name</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>the folder &apos;%1&apos; can&apos;t be made: %2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>the destination &apos;%1&apos; is not a folder</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>the destination &apos;%1&apos; lies inside the program&apos;s working folder</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>the save was called off before it</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>the disk is full</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>your share of the disk (quota) is used up</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>the disk can only be read</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>you have no right to write there</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>the folder is gone</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>a file with this name is there already</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>the file is larger than may be written there</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>the name is too long</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>the disk failed or was removed</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>Not everything was saved</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1470,14 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>What was not saved</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>Saved in:</translation>
     </message>
 </context>
 <context>

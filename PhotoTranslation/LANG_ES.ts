@@ -425,16 +425,24 @@ Do you want to go back to previous screen?</source>
         <translation>Detalles</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1: omitido</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>Se guardaron %1 de %2 archivos.</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>Resultados sin guardar que se perderían: %1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>Rescate profundo</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>De un formato que no se puede reparar:</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>No se pueden soltar carpetas, así que no se añadió nada:</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>Solo se pueden soltar archivos JPEG; use «Añadir» para:</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Do you want to go back to previous screen?</source>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>Al guardar, la fecha, el lugar, la orientación y el perfil de color de las fotos se toman de los archivos dañados, donde estén intactos.</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>Devolver los &amp;datos de la cámara</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>The server sends more than an update can hold.</source>
         <translation>El servidor envía más de lo que cabe en una actualización.</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>La dirección de la actualización no es segura.</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>El servidor tarda demasiado.</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Son imágenes pequeñas de JPEG grandes.</translation>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>Quitar de la lista</translation>
+        <source>Remove file</source>
+        <translation>Quitar el archivo</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Quitar los marcados</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,39 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 archivo, %1 marcado</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n archivo, %1 marcados</numerusform>
+            <numerusform>%n archivos, %1 marcados</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>Quitar el archivo</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>Quita de la lista el archivo elegido. El archivo mismo se queda donde está.</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Quitar los marcados</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>Quita de la lista los archivos marcados. Los archivos mismos se quedan donde están.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +911,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>seconds to few minutes </source>
         <translation>segundos a unos minutos. </translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>Esta actualización no es del fabricante y no se instaló.</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1175,145 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>Mostrar todos</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>También se guardan los archivos marcados ocultos.</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 archivo:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n archivo:</numerusform>
+            <numerusform>%n archivos:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>%n sano</numerusform>
+            <numerusform>%n sanos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>%n completo</numerusform>
+            <numerusform>%n completos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>%n parcial</numerusform>
+            <numerusform>%n parciales</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>%n dudoso</numerusform>
+            <numerusform>%n dudosos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>%n sin evaluar</numerusform>
+            <numerusform>%n sin evaluar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>%n sin reparar</numerusform>
+            <numerusform>%n sin reparar</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>Muestra solo estos archivos, o de nuevo todos. Lo que se guarda no cambia.</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>Después: pulse «%1» en su fila y dé una foto intacta de la misma cámara.</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>Después: pruebe con otra foto intacta de la misma cámara y del mismo tamaño.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>Después: aquí nada ayuda; busque otra copia del archivo.</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>Después: compruebe que el archivo sigue ahí y se puede leer, y repárelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>Después: libere espacio y repárelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>Después: vuelva atrás y repárelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>Después: aquí nada ayuda; quizá un programa para fotos RAW abra todavía el archivo.</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>Después: dé a una copia la extensión de ese formato y repare la copia.</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>Una miniatura: una imagen pequeña junto a la foto.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>La vista previa de la cámara; los datos RAW que la acompañan no se reparan.</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>No se abre como imagen.</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>No hay que hacer nada.</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>Después: guárdela. No hay que hacer nada más.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>Después: mire la imagen antes de guardarla.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>Después: mire la imagen antes de guardarla; no queda manera de encontrar más de ella.</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>No se sabe cuánto hay de la imagen.</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Origen: %1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1345,115 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: omitido</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1: omitido, el mismo archivo ya está ahí</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>Se guardaron %1 de %2 archivos.</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>Guardados con los datos de la cámara (fecha, lugar, orientación, colores): %1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>No se encontraron datos de la cámara (fecha, lugar, orientación, colores) que devolver.</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>A las fotos guardadas les faltan los datos de la cámara (fecha, lugar, orientación, colores).</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 Para guardarlas con ellos, elija antes «Devolver los datos de la cámara» en el menú Archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>«%1» no puede ser el nombre de un archivo</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>la pregunta al respecto se cerró sin respuesta</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>el archivo reparado ya no está en la carpeta de trabajo</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>un archivo tiene ese nombre</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>no se puede crear la carpeta «%1»: %2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>el destino «%1» no es una carpeta</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>el destino «%1» está dentro de la carpeta de trabajo del programa</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>el guardado se canceló antes</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>el disco está lleno</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>se ha agotado su parte del disco (cuota)</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>el disco es de solo lectura</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>no tiene permiso para escribir ahí</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>la carpeta ya no está</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>ya hay un archivo con ese nombre</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>el archivo es mayor de lo que se puede escribir ahí</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>el nombre es demasiado largo</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>el disco falló o se retiró</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>No se guardó todo</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1470,14 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>OK</source>
         <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>Lo que no se guardó</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>Guardado en:</translation>
     </message>
 </context>
 <context>

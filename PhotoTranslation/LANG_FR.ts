@@ -425,16 +425,24 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
         <translation>Détails</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1&#xa0;: ignoré</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>%1 fichiers sur %2 ont été enregistrés.</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>Résultats non enregistrés qui seraient perdus&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>Sauvetage approfondi</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>D’un format qui ne peut pas être réparé&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>Les dossiers ne peuvent pas être déposés, rien n’a donc été ajouté&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>Seuls les fichiers JPEG peuvent être déposés&#xa0;; utilisez «&#xa0;Ajouter&#xa0;» pour&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>À l’enregistrement, la date, le lieu, l’orientation et le profil de couleurs des photos sont repris des fichiers endommagés, là où ils sont intacts.</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>Remettre les &amp;données de l’appareil</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Ce sont de petites images des grands JPEG.</translation>
         <source>The server sends more than an update can hold.</source>
         <translation>Le serveur envoie plus que ce qu’une mise à jour peut contenir.</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>L’adresse de la mise à jour n’est pas sûre.</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>Le serveur met trop de temps.</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Ce sont de petites images des grands JPEG.</translation>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>Retirer de la liste</translation>
+        <source>Remove file</source>
+        <translation>Retirer le fichier</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Retirer les cochés</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,39 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 fichier,&#xa0;%1 coché</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n fichier,&#xa0;%1 cochés</numerusform>
+            <numerusform>%n fichiers,&#xa0;%1 cochés</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>Retirer le fichier</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>Retire le fichier choisi de la liste. Le fichier lui-même reste où il est.</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Retirer les cochés</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>Retire les fichiers cochés de la liste. Les fichiers eux-mêmes restent où ils sont.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +911,10 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>seconds to few minutes </source>
         <translation>quelques secondes à quelques minutes. </translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>Cette mise à jour ne vient pas de l’éditeur&#xa0;; elle n’a pas été installée.</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1175,145 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>Tout afficher</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>Les fichiers cochés masqués sont enregistrés aussi.</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 fichier&#xa0;:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n fichier&#xa0;:</numerusform>
+            <numerusform>%n fichiers&#xa0;:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>%n sain</numerusform>
+            <numerusform>%n sains</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>%n entier</numerusform>
+            <numerusform>%n entiers</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>%n partiel</numerusform>
+            <numerusform>%n partiels</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>%n douteux</numerusform>
+            <numerusform>%n douteux</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>%n non évalué</numerusform>
+            <numerusform>%n non évalués</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>%n non réparé</numerusform>
+            <numerusform>%n non réparés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>Affiche ces fichiers seuls, ou de nouveau tous. L’enregistrement n’en est pas changé.</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>Ensuite&#xa0;: appuyez sur «&#xa0;%1&#xa0;» dans sa ligne et donnez une photo intacte du même appareil.</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>Ensuite&#xa0;: essayez une autre photo intacte du même appareil, de la même taille.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>Ensuite&#xa0;: rien ici ne peut aider&#xa0;; cherchez une autre copie du fichier.</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>Ensuite&#xa0;: vérifiez que le fichier est toujours là et lisible, puis réparez-le de nouveau.</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>Ensuite&#xa0;: libérez de l’espace, puis réparez-le de nouveau.</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>Ensuite&#xa0;: revenez en arrière et réparez-le de nouveau.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>Ensuite&#xa0;: rien ici ne peut aider&#xa0;; un logiciel pour photos brutes ouvrira peut-être le fichier.</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>Ensuite&#xa0;: donnez à une copie l’extension de ce format, puis réparez la copie.</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>Une miniature&#xa0;: une petite image à côté de la photo.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>L’aperçu de l’appareil lui-même&#xa0;; les données brutes à côté ne sont pas réparées.</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>Il ne s’ouvre pas en tant qu’image.</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>Il n’y a rien à faire.</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>Ensuite&#xa0;: enregistrez-la. Il n’y a rien d’autre à faire.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>Ensuite&#xa0;: regardez l’image avant de l’enregistrer.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>Ensuite&#xa0;: regardez l’image avant de l’enregistrer&#xa0;; il ne reste aucun moyen d’en retrouver davantage.</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>On ne sait pas quelle part de l’image est là.</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Source&#xa0;:&#xa0;%1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1345,115 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1&#xa0;: ignoré</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1&#xa0;: ignoré, le même fichier y est déjà</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%1 fichiers sur&#xa0;%2 ont été enregistrés.</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>Enregistrés avec les données de l’appareil (date, lieu, orientation, couleurs)&#xa0;:&#xa0;%1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>Aucune donnée de l’appareil (date, lieu, orientation, couleurs) à remettre n’a été trouvée.</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>Les photos enregistrées n’ont pas les données de l’appareil (date, lieu, orientation, couleurs).</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 Pour les enregistrer avec celles-ci, choisissez d’abord «&#xa0;Remettre les données de l’appareil&#xa0;» dans le menu Fichier.</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être un nom de fichier</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>la question à son sujet a été fermée sans réponse</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>le fichier réparé a disparu du dossier de travail</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>un fichier porte ce nom</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>le dossier «&#xa0;%1&#xa0;» ne peut pas être créé&#xa0;:&#xa0;%2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>la destination «&#xa0;%1&#xa0;» n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>la destination «&#xa0;%1&#xa0;» se trouve dans le dossier de travail du programme</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>l’enregistrement a été annulé avant lui</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>le disque est plein</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>votre part du disque (quota) est épuisée</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>le disque est en lecture seule</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>vous n’avez pas le droit d’écrire à cet endroit</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>le dossier a disparu</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>un fichier de ce nom s’y trouve déjà</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>le fichier est plus grand que ce qui peut y être écrit</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>le nom est trop long</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>le disque est en panne ou a été retiré</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>Tout n’a pas été enregistré</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1470,14 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>Ce qui n’a pas été enregistré</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>Enregistré dans&#xa0;:</translation>
     </message>
 </context>
 <context>

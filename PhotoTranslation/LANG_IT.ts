@@ -425,16 +425,24 @@ Tornare alla schermata precedente?</translation>
         <translation>Dettagli</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1: saltato</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>Salvati %1 file su %2.</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>Risultati non salvati che andrebbero perduti: %1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>Restauro approfondito</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>Formato non riparabile:</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>Le cartelle non si possono trascinare, quindi non è stato aggiunto nulla:</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>Si possono trascinare solo file JPEG; usare “Aggiungi” per:</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Tornare alla schermata precedente?</translation>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>Al salvataggio, data, luogo, orientamento e profilo colore delle foto vengono ripresi dai file danneggiati, dove sono integri.</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>Rimetti i &amp;dati della fotocamera</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>The server sends more than an update can hold.</source>
         <translation>Il server invia più dati di quanti un aggiornamento possa contenerne.</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>L’indirizzo dell’aggiornamento non è sicuro.</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>Il server impiega troppo tempo.</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Sono piccole immagini di JPEG grandi.</translation>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>Togli dall’elenco</translation>
+        <source>Remove file</source>
+        <translation>Togli il file</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Togli i selezionati</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,39 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 file, %1 selezionato</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n file, %1 selezionati</numerusform>
+            <numerusform>%n file, %1 selezionati</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>Togli il file</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>Toglie il file scelto dall’elenco. Il file stesso resta dov’è.</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>Togli i selezionati</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>Toglie i file selezionati dall’elenco. I file stessi restano dove sono.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +911,10 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>seconds to few minutes </source>
         <translation>secondi a pochi minuti. </translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>Questo aggiornamento non proviene dal produttore e non è stato installato.</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1175,145 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>Mostra tutti</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>Anche i file selezionati nascosti vengono salvati.</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 file:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n file:</numerusform>
+            <numerusform>%n file:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>%n sano</numerusform>
+            <numerusform>%n sani</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>%n intero</numerusform>
+            <numerusform>%n interi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>%n parziale</numerusform>
+            <numerusform>%n parziali</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>%n dubbio</numerusform>
+            <numerusform>%n dubbi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>%n non valutato</numerusform>
+            <numerusform>%n non valutati</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>%n non riparato</numerusform>
+            <numerusform>%n non riparati</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>Mostra solo questi file, o di nuovo tutti. Ciò che viene salvato non cambia.</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>Poi: premere “%1” nella sua riga e dare una foto integra della stessa fotocamera.</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>Poi: provare con un’altra foto integra della stessa fotocamera, delle stesse dimensioni.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>Poi: qui nulla può aiutare; cercare un’altra copia del file.</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>Poi: controllare che il file ci sia ancora e sia leggibile, poi ripararlo di nuovo.</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>Poi: liberare spazio, poi ripararlo di nuovo.</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>Poi: tornare indietro e ripararlo di nuovo.</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>Poi: qui nulla può aiutare; un programma per foto raw potrebbe ancora aprire il file.</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>Poi: dare a una copia l’estensione di quel formato e riparare la copia.</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>Una miniatura: una piccola immagine accanto alla foto.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>L’anteprima della fotocamera; i dati raw accanto non vengono riparati.</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>Non si apre come immagine.</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>Non c’è nulla da fare.</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>Poi: salvarla. Non c’è altro da fare.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>Poi: guardare l’immagine prima di salvarla.</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>Poi: guardare l’immagine prima di salvarla; non resta modo di ritrovarne altro.</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>Non si sa quanta parte dell’immagine ci sia.</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>Origine: %1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1345,115 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: saltato</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1: saltato, lo stesso file c’è già</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>Salvati %1 file su %2.</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>Salvati con i dati della fotocamera (data, luogo, orientamento, colori): %1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>Non sono stati trovati dati della fotocamera (data, luogo, orientamento, colori) da rimettere.</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>Alle foto salvate mancano i dati della fotocamera (data, luogo, orientamento, colori).</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 Per salvarle con questi, scegliere prima “Rimetti i dati della fotocamera” nel menu File.</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>“%1” non può essere il nome di un file</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>la domanda relativa è stata chiusa senza risposta</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>il file riparato non è più nella cartella di lavoro</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>un file ha questo nome</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>impossibile creare la cartella “%1”: %2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>la destinazione “%1” non è una cartella</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>la destinazione “%1” è nella cartella di lavoro del programma</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>il salvataggio è stato annullato prima</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>il disco è pieno</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>lo spazio assegnato (quota) è esaurito</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>il disco è di sola lettura</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>non si ha il permesso di scrivere lì</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>la cartella non c’è più</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>c’è già un file con questo nome</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>il file è più grande di quanto si possa scrivere lì</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>il nome è troppo lungo</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>il disco è guasto o è stato rimosso</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>Non è stato salvato tutto</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1470,14 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>Che cosa non è stato salvato</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>Salvato in:</translation>
     </message>
 </context>
 <context>

@@ -425,16 +425,24 @@ Do you want to go back to previous screen?</source>
         <translation>詳細</translation>
     </message>
     <message>
-        <source>%1: skipped</source>
-        <translation>%1: スキップしました</translation>
-    </message>
-    <message>
-        <source>%1 of %2 files were saved.</source>
-        <translation>%2 個のファイルのうち %1 個を保存しました。</translation>
-    </message>
-    <message>
         <source>Results that have not been saved and would be lost: %1</source>
         <translation>保存されておらず、失われる結果: %1</translation>
+    </message>
+    <message>
+        <source>Deep salvage</source>
+        <translation>ディープサルベージ</translation>
+    </message>
+    <message>
+        <source>Not of a format that can be repaired:</source>
+        <translation>修復できない形式です:</translation>
+    </message>
+    <message>
+        <source>Folders can&apos;t be dropped, so nothing was added:</source>
+        <translation>フォルダーはドロップできないため、何も追加されませんでした:</translation>
+    </message>
+    <message>
+        <source>Only JPEG files can be dropped; take Add for:</source>
+        <translation>ドロップできるのは JPEG ファイルだけです。次のファイルには［追加］を使ってください:</translation>
     </message>
 </context>
 <context>
@@ -544,6 +552,17 @@ Do you want to go back to previous screen?</source>
     </message>
 </context>
 <context>
+    <name>CameraDataSwitch</name>
+    <message>
+        <source>When photos are saved, their date, place, orientation and colour profile are taken from the damaged files, where they are sound.</source>
+        <translation>保存するとき、写真の日付、場所、向き、カラープロファイルを、壊れたファイルの中で無事なものから取り込みます。</translation>
+    </message>
+    <message>
+        <source>Put the &amp;camera&apos;s data back</source>
+        <translation>カメラの情報を戻す(&amp;C)</translation>
+    </message>
+</context>
+<context>
     <name>CheckUpdate</name>
     <message>
         <source>Update</source>
@@ -608,6 +627,14 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>The server sends more than an update can hold.</source>
         <translation>サーバーから送られるデータがアップデートとしては大きすぎます。</translation>
     </message>
+    <message>
+        <source>The address of the update isn&apos;t a safe one.</source>
+        <translation>更新のアドレスが安全ではありません。</translation>
+    </message>
+    <message>
+        <source>The server takes too long.</source>
+        <translation>サーバーの応答に時間がかかりすぎています。</translation>
+    </message>
 </context>
 <context>
     <name>DownloadApp</name>
@@ -631,8 +658,12 @@ Thumbnails are small sized images of large JPEGs.</source>
 <context>
     <name>DrgDrp</name>
     <message>
-        <source>Remove Files</source>
-        <translation>リストから外す</translation>
+        <source>Remove file</source>
+        <translation>このファイルを外す</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>チェックしたものを外す</translation>
     </message>
 </context>
 <context>
@@ -773,6 +804,38 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>ListCount</name>
+    <message>
+        <source>1 file, %1 ticked</source>
+        <translation>1 個のファイル、チェック %1 個</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files, %1 ticked</source>
+        <translation>
+            <numerusform>%n 個のファイル、チェック %1 個</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListTools</name>
+    <message>
+        <source>Remove file</source>
+        <translation>このファイルを外す</translation>
+    </message>
+    <message>
+        <source>Takes the chosen file off the list. The file itself stays where it is.</source>
+        <translation>選んだファイルをリストから外します。ファイルそのものは元の場所に残ります。</translation>
+    </message>
+    <message>
+        <source>Remove ticked</source>
+        <translation>チェックしたものを外す</translation>
+    </message>
+    <message>
+        <source>Takes the ticked files off the list. The files themselves stay where they are.</source>
+        <translation>チェックしたファイルをリストから外します。ファイルそのものは元の場所に残ります。</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoxObj</name>
     <message>
         <source>Kesmira</source>
@@ -847,6 +910,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>seconds to few minutes </source>
         <translation>数秒から数分かかります。</translation>
+    </message>
+    <message>
+        <source>This isn&apos;t an update of the maker&apos;s, and it was not installed.</source>
+        <translation>これは開発元の更新ではないため、インストールされませんでした。</translation>
     </message>
 </context>
 <context>
@@ -1107,6 +1174,138 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>ResultSummary</name>
+    <message>
+        <source>Show all</source>
+        <translation>すべて表示</translation>
+    </message>
+    <message>
+        <source>Hidden ticked files are saved, too.</source>
+        <translation>非表示でもチェックしたファイルは保存されます。</translation>
+    </message>
+    <message>
+        <source>1 file:</source>
+        <translation>1 個のファイル:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files:</source>
+        <translation>
+            <numerusform>%n 個のファイル:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n healthy</source>
+        <translation>
+            <numerusform>無傷 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n whole</source>
+        <translation>
+            <numerusform>完全 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in part</source>
+        <translation>
+            <numerusform>一部 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n doubtful</source>
+        <translation>
+            <numerusform>不確か %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not judged</source>
+        <translation>
+            <numerusform>未判定 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not repaired</source>
+        <translation>
+            <numerusform>修復できず %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Shows these files alone, or all of them again. What is saved stays the same.</source>
+        <translation>これらのファイルだけを表示、またはすべてを再表示します。保存されるものは変わりません。</translation>
+    </message>
+</context>
+<context>
+    <name>RowWords</name>
+    <message>
+        <source>Next: press &quot;%1&quot; in its row and give a healthy photo from the same camera.</source>
+        <translation>次の手順: 行の［%1］を押し、同じカメラの無事な写真を指定してください。</translation>
+    </message>
+    <message>
+        <source>Next: try another healthy photo from the same camera, of the same size.</source>
+        <translation>次の手順: 同じカメラの、同じ大きさの別の無事な写真を試してください。</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; look for another copy of the file.</source>
+        <translation>次の手順: ここでできることはありません。ファイルの別のコピーを探してください。</translation>
+    </message>
+    <message>
+        <source>Next: see that the file is still there and can be read, then repair it again.</source>
+        <translation>次の手順: ファイルがまだあり、読めることを確かめてから、もう一度修復してください。</translation>
+    </message>
+    <message>
+        <source>Next: free some space, then repair it again.</source>
+        <translation>次の手順: 空き容量を増やしてから、もう一度修復してください。</translation>
+    </message>
+    <message>
+        <source>Next: go back and repair it again.</source>
+        <translation>次の手順: 戻って、もう一度修復してください。</translation>
+    </message>
+    <message>
+        <source>Next: nothing here helps; a program for raw photos may still open the file.</source>
+        <translation>次の手順: ここでできることはありません。RAW 写真用のプログラムならファイルを開けるかもしれません。</translation>
+    </message>
+    <message>
+        <source>Next: give a copy of it the suffix of that format, and repair the copy.</source>
+        <translation>次の手順: コピーにその形式の拡張子を付け、コピーを修復してください。</translation>
+    </message>
+    <message>
+        <source>A thumbnail: a small picture beside the photo.</source>
+        <translation>サムネイル: 写真に添えられた小さな画像です。</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s own preview; the raw data beside it aren&apos;t repaired.</source>
+        <translation>カメラ自身のプレビューです。RAW データは修復されません。</translation>
+    </message>
+    <message>
+        <source>It doesn&apos;t open as a picture.</source>
+        <translation>画像として開けません。</translation>
+    </message>
+    <message>
+        <source>Nothing needs to be done about it.</source>
+        <translation>何もする必要はありません。</translation>
+    </message>
+    <message>
+        <source>Next: save it. Nothing more needs to be done.</source>
+        <translation>次の手順: 保存してください。ほかにすることはありません。</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it.</source>
+        <translation>次の手順: 保存する前に画像を確かめてください。</translation>
+    </message>
+    <message>
+        <source>Next: look at the picture before you save it; no way is left to find more of it.</source>
+        <translation>次の手順: 保存する前に画像を確かめてください。これ以上取り戻す方法はありません。</translation>
+    </message>
+    <message>
+        <source>How much of the picture is there isn&apos;t known.</source>
+        <translation>画像がどれだけあるかは分かりません。</translation>
+    </message>
+    <message>
+        <source>Source: %1</source>
+        <translation>元のファイル: %1</translation>
+    </message>
+</context>
+<context>
     <name>SaveFile</name>
     <message>
         <source>Invalid File</source>
@@ -1138,6 +1337,115 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>SaveReport</name>
+    <message>
+        <source>%1: skipped</source>
+        <translation>%1: スキップしました</translation>
+    </message>
+    <message>
+        <source>%1: skipped, the same file is there already</source>
+        <translation>%1: スキップしました。同じファイルがすでにあります</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were saved.</source>
+        <translation>%2 個のファイルのうち %1 個を保存しました。</translation>
+    </message>
+    <message>
+        <source>Saved with the camera&apos;s data (date, place, orientation, colours): %1</source>
+        <translation>カメラの情報 (日付、場所、向き、色) とともに保存したもの: %1</translation>
+    </message>
+    <message>
+        <source>No camera data (date, place, orientation, colours) were found to put back.</source>
+        <translation>戻せるカメラの情報 (日付、場所、向き、色) は見つかりませんでした。</translation>
+    </message>
+    <message>
+        <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
+        <translation>保存した写真にはカメラの情報 (日付、場所、向き、色) がありません。</translation>
+    </message>
+    <message>
+        <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
+        <translation>%1 含めて保存するには、先に［ファイル］メニューで［カメラの情報を戻す］を選んでください。</translation>
+    </message>
+</context>
+<context>
+    <name>Saving</name>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be a file&apos;s name</source>
+        <translation>「%1」はファイル名にできません</translation>
+    </message>
+    <message>
+        <source>the question about it was closed without an answer</source>
+        <translation>確認の質問が回答なしで閉じられました</translation>
+    </message>
+    <message>
+        <source>the repaired file is gone from the working folder</source>
+        <translation>修復したファイルが作業フォルダーからなくなりました</translation>
+    </message>
+    <message>
+        <source>a file has its name</source>
+        <translation>同じ名前のファイルがあります</translation>
+    </message>
+    <message>
+        <source>the folder &apos;%1&apos; can&apos;t be made: %2</source>
+        <translation>フォルダー「%1」を作成できません: %2</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; is not a folder</source>
+        <translation>保存先「%1」はフォルダーではありません</translation>
+    </message>
+    <message>
+        <source>the destination &apos;%1&apos; lies inside the program&apos;s working folder</source>
+        <translation>保存先「%1」はプログラムの作業フォルダーの中にあります</translation>
+    </message>
+    <message>
+        <source>the save was called off before it</source>
+        <translation>その前に保存が取りやめられました</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>ディスクがいっぱいです</translation>
+    </message>
+    <message>
+        <source>your share of the disk (quota) is used up</source>
+        <translation>割り当てられたディスク容量 (クォータ) を使い切りました</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>ディスクは読み取り専用です</translation>
+    </message>
+    <message>
+        <source>you have no right to write there</source>
+        <translation>そこに書き込む権限がありません</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>フォルダーがなくなりました</translation>
+    </message>
+    <message>
+        <source>a file with this name is there already</source>
+        <translation>この名前のファイルがすでにあります</translation>
+    </message>
+    <message>
+        <source>the file is larger than may be written there</source>
+        <translation>ファイルがそこに書き込める大きさを超えています</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>名前が長すぎます</translation>
+    </message>
+    <message>
+        <source>the disk failed or was removed</source>
+        <translation>ディスクに障害があるか、取り外されました</translation>
+    </message>
+</context>
+<context>
+    <name>SavingFinishDlg</name>
+    <message>
+        <source>Not everything was saved</source>
+        <translation>一部は保存されませんでした</translation>
+    </message>
+</context>
+<context>
     <name>SavingFinishDlgObj</name>
     <message>
         <source>Saving Complete</source>
@@ -1154,6 +1462,14 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>What was not saved</source>
+        <translation>保存されなかったもの</translation>
+    </message>
+    <message>
+        <source>Saved in:</source>
+        <translation>保存先:</translation>
     </message>
 </context>
 <context>

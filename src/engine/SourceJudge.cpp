@@ -136,6 +136,18 @@ void judgeSource(const QString &path, bool gaveNothing, RepairReport &report)
     }
 }
 
+bool sampleMayHelp(const RepairReport &report)
+{
+    if (report.tilesAlone) return true;
+    switch (report.reason) {
+    case RepairReason::HeaderLost:
+    case RepairReason::BoxesLost:
+    case RepairReason::DecoderRefused:
+    case RepairReason::SampleUnfit: return true;
+    default: return false;
+    }
+}
+
 bool deepSalvageMayHelp(const QString &path, const RepairReport &report)
 {
     const bool jpeg = isJpeg(QFileInfo(path).suffix()) || report.trueFormat == QLatin1String("JPEG");

@@ -23,5 +23,7 @@ PictureData findPictureData(FileWindow &file);
 /// doesn't tell already whether it opens. Worker's work.
 void judgeSource(const QString &path, bool gaveNothing, RepairReport &report);
 
+/// True where a sample from the same camera may bring back what `report` misses.
+bool sampleMayHelp(const RepairReport &report);
 /// True where deep salvage, which hasn't run for this file yet, may.
 bool deepSalvageMayHelp(const QString &path, const RepairReport &report);

@@ -116,9 +116,10 @@ void TestWindowDeep::entryOfBothBars()
         const QMenu *file = room.find<QMenuBar>(bar)->findChild<QMenu *>("fileMenu");
         const QList<QAction *> actions = file->actions();
         const int place = actions.indexOf(entry(room));
-        QVERIFY(place > 0 && actions.size() == place + 3);
-        QVERIFY(actions[place - 1]->isSeparator() && actions[place + 1]->isSeparator());
-        QCOMPARE(actions[place + 2]->objectName(), QString("actionExit"));
+        QVERIFY(place > 0 && actions.size() == place + 4);
+        QVERIFY(actions[place - 1]->isSeparator() && actions[place + 2]->isSeparator());
+        QCOMPARE(actions[place + 1]->objectName(), QString("actionCameraData"));
+        QCOMPARE(actions[place + 3]->objectName(), QString("actionExit"));
         QVERIFY(file->toolTipsVisible());
     }
     QVERIFY(entry(room)->isCheckable());
