@@ -4,6 +4,7 @@
 #include "desktop/Languages.h"
 #include "desktop/Look.h"
 #include "desktop/Paths.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/SingleInstance.h"
 #include "tables/TableLibrary.h"
 #include "window/BrowseRepair.h"
@@ -60,10 +61,9 @@ int main(int argc, char *argv[])
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); // file names, whatever the locale
     const QString text = textWithoutWindow(argc, argv);
     if (!text.isEmpty()) return std::fputs(text.toUtf8().constData(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    ScreenFit screen(argc, argv);
     QApplication application(argc, argv);
+    screen.fit(BrowseRepair::kSize);
     const CommandLine line = readCommandLine(QCoreApplication::arguments());
     if (!line.wrong.isEmpty()) {
         complain(line.wrong + "; --help tells more");

@@ -1,6 +1,7 @@
 #include "dialogs/FramelessDialog.h"
 
 #include "desktop/Look.h"
+#include "desktop/ScreenFit.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -127,11 +128,7 @@ void FramelessDialog::centre()
     const QRect available = onScreen->availableGeometry();
     QRect place(QPoint(), size());
     place.moveCenter(over && over->isVisible() ? over->frameGeometry().center() : available.center());
-    place.moveRight(qMin(place.right(), available.right()));
-    place.moveBottom(qMin(place.bottom(), available.bottom()));
-    place.moveLeft(qMax(place.left(), available.left()));
-    place.moveTop(qMax(place.top(), available.top()));
-    move(place.topLeft());
+    move(placeWithin(place, available));
 }
 
 void FramelessDialog::mousePressEvent(QMouseEvent *event)

@@ -5,6 +5,7 @@
 
 #include "app/KesmiraApp.h"
 #include "desktop/Look.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/platform/Platform.h"
 #include "dialogs/BackApplicationDlg.h"
 #include "dialogs/CloseApplicationDlg.h"
@@ -46,9 +47,11 @@ BrowseRepair::BrowseRepair(QWidget *parent)
     ui->setupUi(this);
     pMainWindow = this;
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
-    setFixedSize(849, 598);
+    setFixedSize(kSize);
     const QRect desktop = QGuiApplication::primaryScreen()->availableGeometry();
-    move(desktop.x() + (desktop.width() - width()) / 2, desktop.y() + (desktop.height() - height()) / 2);
+    const QPoint centred(desktop.x() + (desktop.width() - width()) / 2,
+                         desktop.y() + (desktop.height() - height()) / 2);
+    move(placeWithin(QRect(centred, size()), desktop));
     OnInitialization();
     buildTrees();
 

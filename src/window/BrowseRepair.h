@@ -56,6 +56,9 @@ class BrowseRepair : public QWidget
     Q_OBJECT
 
 public:
+    /// Of the window, in device-independent pixels.
+    static constexpr QSize kSize{849, 598};
+
     explicit BrowseRepair(QWidget *parent = nullptr);
     /// Ends a run that is under way and waits for it.
     ~BrowseRepair() override;

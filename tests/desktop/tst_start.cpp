@@ -4,6 +4,7 @@
 #include "desktop/Languages.h"
 #include "desktop/LinkFile.h"
 #include "desktop/Paths.h"
+#include "desktop/ScreenFit.h"
 #include "desktop/platform/PlatformLinux.h"
 #include "support/FakeDesktop.h"
 #include "support/Files.h"
@@ -73,6 +74,8 @@ private slots:
     void description_data();
     void description();
     void versionRecords();
+    void fitsTheScreen_data();
+    void fitsTheScreen();
 
 private:
     QTemporaryDir m_folder;
@@ -313,6 +316,49 @@ void TestStart::versionRecords()
     QCOMPARE(records(), (QStringList{"Major", "8.1", ""}));
     pApp->ApplicationInfoSettings();
     QCOMPARE(records(), fresh);
+}
+
+void TestStart::fitsTheScreen_data()
+{
+    QTest::addColumn<QSize>("screen"); ///< the screen's own pixels, less what panels take
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("fitting"); ///< the scale that is started anew with; empty: it fits as it is
+    QTest::newRow("ample") << QSize(1920, 1080) << QByteArray() << QByteArray();
+    QTest::newRow("to the pixel") << QSize(849, 598) << QByteArray("1") << QByteArray();
+    QTest::newRow("wide and low") << QSize(1280, 720) << QByteArray("1.5") << QByteArray("1.204");
+    QTest::newRow("the common small one") << QSize(1366, 768) << QByteArray("1.5") << QByteArray("1.284");
+    QTest::newRow("at twice the size") << QSize(1920, 1080) << QByteArray("2") << QByteArray("1.806");
+    QTest::newRow("a line is missing") << QSize(849, 597) << QByteArray() << QByteArray("0.998");
+    QTest::newRow("high and narrow") << QSize(720, 1280) << QByteArray() << QByteArray("0.848");
+    QTest::newRow("unknown") << QSize() << QByteArray("3") << QByteArray();
+}
+
+void TestStart::fitsTheScreen()
+{
+    QFETCH(QSize, screen);
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, fitting);
+    RecordingPlatform platform;
+    setPlatform(&platform);
+    before.isEmpty() ? qunsetenv("QT_SCALE_FACTOR") : qputenv("QT_SCALE_FACTOR", before);
+    char name[] = "kesmira", file[] = "a b.jpg";
+    char *words[] = {name, file};
+    ScreenFit fit(2, words);
+    const double scale = before.isEmpty() ? 1.0 : before.toDouble();
+    fit.fit({849, 598}, (QSizeF(screen) / scale).toSize());
+    QCOMPARE(platform.calls, fitting.isEmpty() ? QStringList() : QStringList("anew kesmira a b.jpg at " + fitting));
+    if (!fitting.isEmpty()) {
+        QVERIFY(screen.width() / fitting.toDouble() >= 849 && screen.height() / fitting.toDouble() >= 598);
+        // In the program that was started so: not once more, however small the screen, and its children scale as before.
+        qputenv("KESMIRA_SCALE_BEFORE", before);
+        qputenv("QT_SCALE_FACTOR", fitting);
+        fit.fit({849, 598}, {100, 100});
+        QCOMPARE(platform.calls.size(), 1);
+    }
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), before);
+    QVERIFY(!qEnvironmentVariableIsSet("KESMIRA_SCALE_BEFORE"));
+    qunsetenv("QT_SCALE_FACTOR");
+    setPlatform(nullptr);
 }
 
 QTEST_GUILESS_MAIN(TestStart)

@@ -45,7 +45,7 @@ private:
 class RecordingPlatform : public Platform
 {
 public:
-    QStringList calls; ///< "show PATH", "open ADDRESS", "preview FILE", "end PID", "start PATH"
+    QStringList calls; ///< "show PATH", "open ADDRESS", "preview FILE", "end PID", "start PATH", "anew WORDS at SCALE"
     PreviewKind kind = PreviewKind::None;
     QString refusal;
     QString installProblem;
@@ -64,6 +64,10 @@ public:
     void endPreviewHelper(unsigned int pid) override { note("end " + QString::number(pid)); }
     bool isApplicationThere(const QString &path) override { return there.contains(path); }
     bool startApplication(const QString &path) override { return note("start " + path); }
+    void startAnew(const QList<QByteArray> &arguments) override
+    {
+        note("anew " + QString::fromUtf8(arguments.join(' ')) + " at " + qEnvironmentVariable("QT_SCALE_FACTOR"));
+    }
     QString userSettingsFile(const QString &shipped) override { return shipped; }
     QString installBundle(const QString &, const QString &bundle, const QString &, const QString &folder) override
     {

@@ -1,6 +1,7 @@
 // What the desktop side asks of the operating system, as intents. Only the files of this folder know one.
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QUrl>
@@ -59,6 +60,10 @@ public:
     virtual bool isApplicationThere(const QString &bundlePath) = 0;
     /// Starts another application, given by its bundle's path.
     virtual bool startApplication(const QString &bundlePath) = 0;
+
+    /// Starts this very program in the place of the running one, with these arguments, the program's name in front, and the
+    /// environment as it stands. Returns only where that fails.
+    virtual void startAnew(const QList<QByteArray> &arguments) = 0;
 
     /// Where the user's own changes of the settings file shipped as `shipped` are kept: `shipped` itself, or a file of the
     /// user's that need not exist yet.

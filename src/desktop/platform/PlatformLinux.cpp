@@ -20,6 +20,8 @@
 #include <QTemporaryFile>
 
 #include <csignal>
+#include <vector>
+
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -190,6 +192,14 @@ bool PlatformLinux::startApplication(const QString &bundlePath)
 {
     const QString program = programOf(bundlePath);
     return !program.isEmpty() && QProcess::startDetached(program, {});
+}
+
+void PlatformLinux::startAnew(const QList<QByteArray> &arguments)
+{
+    std::vector<char *> words;
+    for (const QByteArray &argument : arguments) words.push_back(const_cast<char *>(argument.constData()));
+    words.push_back(nullptr);
+    ::execv(QFile::encodeName(QCoreApplication::applicationFilePath()).constData(), words.data());
 }
 
 QString PlatformLinux::userSettingsFile(const QString &shipped)

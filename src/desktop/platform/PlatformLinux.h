@@ -24,6 +24,7 @@ public:
     void endPreviewHelper(unsigned int pid) override;
     bool isApplicationThere(const QString &bundlePath) override;
     bool startApplication(const QString &bundlePath) override;
+    void startAnew(const QList<QByteArray> &arguments) override;
     /// The file of the same name in the folder "kesmira" of the user's configuration.
     QString userSettingsFile(const QString &shipped) override;
     /// A failed step leaves the installed program as it was.

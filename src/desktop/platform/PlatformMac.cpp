@@ -5,12 +5,15 @@
 #include "desktop/platform/CommandText.h"
 #include "save/Destination.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
 
 #include <cstdlib>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -100,6 +103,14 @@ bool PlatformMac::isApplicationThere(const QString &bundlePath)
 bool PlatformMac::startApplication(const QString &bundlePath)
 {
     return run(commandText::startApplication(bundlePath));
+}
+
+void PlatformMac::startAnew(const QList<QByteArray> &arguments)
+{
+    std::vector<char *> words;
+    for (const QByteArray &argument : arguments) words.push_back(const_cast<char *>(argument.constData()));
+    words.push_back(nullptr);
+    ::execv(QFile::encodeName(QCoreApplication::applicationFilePath()).constData(), words.data());
 }
 
 QString PlatformMac::userSettingsFile(const QString &shipped)

@@ -18,6 +18,7 @@ public:
     void endPreviewHelper(unsigned int pid) override;
     bool isApplicationThere(const QString &bundlePath) override;
     bool startApplication(const QString &bundlePath) override;
+    void startAnew(const QList<QByteArray> &arguments) override;
     /// The shipped file itself: its system lets an installed bundle be written.
     QString userSettingsFile(const QString &shipped) override;
     /// By the command lines of commandText::installSteps, none of whose results is looked at.
