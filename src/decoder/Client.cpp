@@ -84,9 +84,9 @@ bool Client::usable()
 Answer Client::view(int file, const QSize &box, const Terms &terms)
 {
     Request request{kVersion, Task::View};
-    request.width = std::max(box.width(), 1);
-    request.height = std::max(box.height(), 1);
-    request.pictureBytes = pictureRoom({request.width, request.height});
+    request.width = std::max(box.width(), 0);
+    request.height = std::max(box.height(), 0);
+    request.pictureBytes = pictureRoom(box);
     return ask(request, file, terms);
 }
 

@@ -34,8 +34,9 @@ public:
     /// Each takes the descriptor of a regular file that is open for reading, and leaves it open.
     Answer judge(int file, const Terms &terms) { return ask({kVersion, Task::Judge}, file, terms); }
     /// The picture at most as large as `box`: its own size where it is smaller both ways.
+    /// An empty box asks for the picture as it is, or as large as kWholePictureBytes hold it.
     Answer view(int file, const QSize &box, const Terms &terms);
-    /// As view(); an empty box asks for the picture as it is.
+    /// As view(), but that a picture of more bytes isn't shown.
     Answer heic(int file, const QSize &box, const Terms &terms);
     Answer trial(Trial trial, const Terms &terms);
 

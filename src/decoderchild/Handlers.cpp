@@ -6,6 +6,8 @@
 #include "decoderchild/Trials.h"
 #include "engine/FileWindow.h"
 
+#include <algorithm>
+#include <cmath>
 #include <new>
 
 namespace decoder {
@@ -23,6 +25,16 @@ QImage fitted(const QImage &image, const QSize &size, const QSize &box)
 {
     const bool small = size.width() < box.width() && size.height() < box.height();
     return small ? image : image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+/// The box that the request asks for; where it asks for the picture as it is, that, or what there is room for.
+QSize boxFor(const Request &request, const QSize &size)
+{
+    const QSize box(request.width, request.height);
+    if (!box.isEmpty()) return box;
+    const double bytes = 4.0 * size.width() * size.height();
+    const double share = std::sqrt(double(request.pictureBytes) / std::max(bytes, 1.0));
+    return share >= 1 ? size : QSize(int(size.width() * share), int(size.height() * share)).expandedTo({1, 1});
 }
 
 /// A decoder that knows the picture's size, where the picture is worth its price; else null, with the reason in `answer`.
@@ -55,7 +67,7 @@ void view(const Request &request, FileSource &file, Answer &answer)
     const auto decoder = openJpeg(request, file, answer);
     if (!decoder) return;
     const QSize size = decoder->size();
-    const QSize box(request.width, request.height);
+    const QSize box = boxFor(request, size);
     // The decoder skips most of its work where the picture is to be a fraction of its size; twice the box leaves enough
     // for smooth scaling.
     const QSize wanted = size.scaled(box * 2, Qt::KeepAspectRatio);

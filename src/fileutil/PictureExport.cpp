@@ -17,7 +17,16 @@ ExportKind exportKind(const QString &target)
     return suffix == "heic" ? ExportKind::Heic : ExportKind::None;
 }
 
-QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedHeic &decoded, QString &problem)
+/// The file as it is: decoding and encoding it once more would only lose.
+static QByteArray bytesOf(const QString &source, QString &problem)
+{
+    QFile file(source);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (bytes.isEmpty() || bytes.size() != file.size()) problem = QStringLiteral("the file can't be read");
+    return problem.isEmpty() ? bytes : QByteArray();
+}
+
+QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedPicture &decoded, QString &problem)
 {
     if (kind == ExportKind::Heic) {
         FileWindow file(source);
@@ -25,6 +34,7 @@ QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedHeic
     }
     problem = decoded.problem;
     if (!problem.isEmpty()) return {};
+    if (kind == ExportKind::Jpeg && decoded.jpeg) return bytesOf(source, problem);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     const bool png = kind == ExportKind::Png;
@@ -49,15 +59,17 @@ QString replaceFile(const QString &target, const QByteArray &bytes, const QStrin
 {
     const QString standing = QFileInfo(target).canonicalFilePath();
     if (!standing.isEmpty() && standing == QFileInfo(source).canonicalFilePath())
-        return QCoreApplication::translate("HeicPanel", "The file that is shown isn't replaced; choose another name.");
+        return QCoreApplication::translate("PicturePanel",
+                                           "The file that is shown isn't replaced; choose another name.");
     QSaveFile file(target);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return {};
-    return QCoreApplication::translate("HeicPanel", "'%1' can't be written: %2").arg(target, file.errorString());
+    return QCoreApplication::translate("PicturePanel", "'%1' can't be written: %2").arg(target, file.errorString());
 }
 
-QImage withProfile(const DecodedHeic &decoded)
+QImage withProfile(const DecodedPicture &decoded)
 {
     QImage image = decoded.image;
+    if (decoded.profile.isEmpty()) return image;
     const QColorSpace colours = QColorSpace::fromIccProfile(decoded.profile);
     if (colours.isValid()) image.setColorSpace(colours);
     return image;

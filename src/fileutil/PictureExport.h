@@ -11,9 +11,9 @@ enum class ExportKind { None, Png, Jpeg, Heic };
 /// By the suffix of the name; None for one that isn't known.
 ExportKind exportKind(const QString &target);
 
-/// The bytes to write: the decoded picture with its colour profile, or for Heic the readable file itself, for which
-/// `decoded` isn't looked at. Null with `problem` set if they can't be had.
-QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedHeic &decoded, QString &problem);
+/// The bytes to write: the decoded picture with its colour profile, of a JPEG as Jpeg the file as it is, or for Heic the
+/// readable file itself, for which `decoded` isn't looked at. Null with `problem` set if they can't be had.
+QByteArray exportBytes(ExportKind kind, const QString &source, const DecodedPicture &decoded, QString &problem);
 
 /// Writes a file where none may stand. Returns "" or one line.
 QString writeNewFile(const QString &target, const QByteArray &bytes);
@@ -21,4 +21,4 @@ QString writeNewFile(const QString &target, const QByteArray &bytes);
 QString replaceFile(const QString &target, const QByteArray &bytes, const QString &source);
 
 /// The picture with its profile attached, so that whoever reads or shows it can tell its colours.
-QImage withProfile(const DecodedHeic &decoded);
+QImage withProfile(const DecodedPicture &decoded);

@@ -1,4 +1,4 @@
-// FileUtil: shows one HEIC in a panel, or writes what the panel would show.
+// FileUtil: shows JPEGs and HEICs in a panel, or writes what the panel would show.
 
 #include "fileutil/FileUtil.h"
 

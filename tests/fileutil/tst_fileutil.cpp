@@ -5,13 +5,19 @@
 #include "engine/OutputRows.h"
 #include "engine/heic/ReadingCopy.h"
 #include "fileutil/DecodeProcess.h"
-#include "fileutil/HeicPanel.h"
 #include "fileutil/PictureExport.h"
+#include "fileutil/PicturePanel.h"
+#include "fileutil/PictureView.h"
 #include "support/Files.h"
 #include "support/HeicMaker.h"
+#include "support/JpegMaker.h"
+#include "support/Pictures.h"
 #include "support/PlainTiles.h"
 #include "support/RunFolder.h"
 
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
 #include <QProcess>
 #include <QPushButton>
 #include <QTest>
@@ -68,6 +74,8 @@ private slots:
     void brokenFilesGiveAReason();
     void panelSaysWhy();
     void panelShowsAndZooms();
+    void panelLeadsThroughTheFiles();
+    void dialogsKeepTheirLook();
     void saveNeverTouchesTheShownFile();
     void realPictures_data();
     void realPictures();
@@ -89,7 +97,8 @@ void TestFileUtil::usage_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("status");
     QTest::newRow("none") << QStringList() << 2;
-    QTest::newRow("two files") << QStringList{"a.heic", "b.heic"} << 2;
+    QTest::newRow("two to export") << QStringList{"--export", "a.png", "a.heic", "b.heic"} << 2;
+    QTest::newRow("behind the last") << QStringList{"--at", "3", "a.heic", "b.jpg"} << 2;
     QTest::newRow("unknown option") << QStringList{"--what", "a.heic"} << 2;
     QTest::newRow("unknown suffix") << QStringList{"--export", "out.gif", "a.heic"} << 2;
     QTest::newRow("help") << QStringList{"--help"} << 0;
@@ -159,16 +168,16 @@ void TestFileUtil::brokenFilesGiveAReason()
     QCOMPARE(call.status, 1);
     QVERIFY2(call.err.startsWith("FileUtil: '" + path + "': ") && call.err.count('\n') == 1, qPrintable(call.err));
     QVERIFY(!QFileInfo::exists(m_folder->place("a.png")));
-    const DecodedHeic decoded = decodeHeic(path);
+    const DecodedPicture decoded = decodePicture(path);
     QVERIFY(decoded.image.isNull() && !decoded.problem.isEmpty());
 }
 
 void TestFileUtil::panelSaysWhy()
 {
-    HeicPanel panel(m_folder->source("a.heic", "no picture"));
+    PicturePanel panel({m_folder->source("a.heic", "no picture")});
     panel.show();
     QTRY_VERIFY(panel.message().startsWith("This file can't be shown: "));
-    QVERIFY(panel.picture().isNull());
+    QVERIFY(panel.view()->picture().isNull());
     for (const QPushButton *button : panel.findChildren<QPushButton *>()) QVERIFY(!button->isEnabled());
     QTest::keyClick(&panel, Qt::Key_Plus); // nothing to zoom
     QTest::keyClick(&panel, Qt::Key_Escape);
@@ -179,25 +188,65 @@ void TestFileUtil::panelShowsAndZooms()
 {
     const QString path = kCorpus + "iPhone-7_3-frontcam.heic";
     if (!QFileInfo::exists(path)) QSKIP("no real photographs here");
-    HeicPanel panel(path);
+    PicturePanel panel({path});
     panel.show();
-    QTRY_VERIFY_WITH_TIMEOUT(!panel.picture().isNull(), 60000);
-    QCOMPARE(panel.picture().size(), decodeHeic(path).image.size());
-    const double fitting = panel.scale();
+    QTRY_VERIFY_WITH_TIMEOUT(!panel.view()->picture().isNull(), 60000);
+    QCOMPARE(panel.view()->picture().size(), decodePicture(path).image.size());
+    const double fitting = panel.view()->scale();
     QVERIFY(fitting < 1.0); // it is larger than any screen of the tests
     QTest::keyClick(&panel, Qt::Key_Plus);
-    QVERIFY(qFuzzyCompare(panel.scale(), fitting * 1.25));
+    QVERIFY(qFuzzyCompare(panel.view()->scale(), fitting * 1.25));
     QTest::keyClick(&panel, Qt::Key_Minus);
     QTest::keyClick(&panel, Qt::Key_Minus);
-    QVERIFY(qFuzzyCompare(panel.scale(), fitting / 1.25));
+    QVERIFY(qFuzzyCompare(panel.view()->scale(), fitting / 1.25));
     QTest::keyClick(&panel, Qt::Key_1);
-    QCOMPARE(panel.scale(), 1.0);
+    QCOMPARE(panel.view()->scale(), 1.0);
     panel.resize(500, 400); // what was zoomed stays
-    QCOMPARE(panel.scale(), 1.0);
+    QCOMPARE(panel.view()->scale(), 1.0);
     QTest::keyClick(&panel, Qt::Key_0);
-    QVERIFY(panel.scale() < fitting);
+    QVERIFY(panel.view()->scale() < fitting);
     QTest::keyClick(&panel, Qt::Key_Space);
     QVERIFY(!panel.isVisible());
+}
+
+void TestFileUtil::panelLeadsThroughTheFiles()
+{
+    JpegOptions camera;
+    camera.segments = {exifSegment(makeJpeg(drawPicture(16, 12), {60}))};
+    const QByteArray whole = makeJpeg(drawPicture(200, 120), {});
+    const QString beside = m_folder->source("Thumbnail Repaired/b_[T1].jpg", makeJpeg(drawPicture(32, 24), {}));
+    const QStringList files{m_folder->source("a.jpg", makeJpeg(drawPicture(300, 200), camera)),
+                            m_folder->source("broken.jpg", "no picture"), m_folder->source("b_salvaged.jpg", whole),
+                            beside};
+    const QSize pictures[] = {{300, 200}, {}, {200, 120}, {32, 24}};
+    const QSize witnesses[] = {{16, 12}, {0, 0}, {32, 24}, {0, 0}};
+    PicturePanel panel(files, 2);
+    panel.show();
+    const auto *witness = panel.findChild<QLabel *>("thumbnail");
+    const std::pair<Qt::Key, int> keys[] = {{Qt::Key_0, 2},      {Qt::Key_PageDown, 3}, {Qt::Key_PageDown, 3},
+                                            {Qt::Key_Home, 0},   {Qt::Key_Right, 1},    {Qt::Key_PageDown, 2},
+                                            {Qt::Key_PageUp, 1}, {Qt::Key_End, 3}};
+    for (const auto &[key, at] : keys) {
+        QTest::keyClick(&panel, key);
+        QCOMPARE(panel.file(), files[at]);
+        QVERIFY(panel.windowTitle().contains(QString("(%1 of 4)").arg(at + 1)));
+        const QSize size = pictures[at];
+        const QString shown = QString("%1 x %2 pixels").arg(size.width()).arg(size.height());
+        QTRY_VERIFY(panel.message().startsWith(size.isEmpty() ? "This file can't be shown: " : shown));
+        if (!size.isEmpty()) QCOMPARE(panel.view()->picture().size(), size);
+        QCOMPARE(witness->pixmap(Qt::ReturnByValue).size() * int(witness->isVisible()), witnesses[at]);
+    }
+    QString problem;
+    QCOMPARE(exportBytes(ExportKind::Jpeg, files[2], decodePicture(files[2]), problem), whole); // not encoded anew
+}
+
+void TestFileUtil::dialogsKeepTheirLook()
+{
+    PicturePanel panel({m_folder->source("a.jpg", {})});
+    QDialog dialog(&panel);
+    const QLabel words("Look in:", &dialog);
+    dialog.show();
+    QCOMPARE(words.palette().color(QPalette::WindowText), QApplication::palette().color(QPalette::WindowText));
 }
 
 void TestFileUtil::saveNeverTouchesTheShownFile()
@@ -253,9 +302,9 @@ void TestFileUtil::realPictures()
     }
     QCOMPARE(repaired.results, QStringList("lost.heic"));
     QCOMPARE(repaired.report.tilesAlone, outcome == "tiles alone");
-    const DecodedHeic result = decodeHeic(outputPath("lost.heic"));
+    const DecodedPicture result = decodePicture(outputPath("lost.heic"));
     QCOMPARE(result.image.isNull(), repaired.report.tilesAlone);
-    if (!repaired.report.tilesAlone) QVERIFY(result.image == decodeHeic(path).image);
+    if (!repaired.report.tilesAlone) QVERIFY(result.image == decodePicture(path).image);
 }
 
 void TestFileUtil::realPicturesWithASample()
@@ -267,11 +316,11 @@ void TestFileUtil::realPicturesWithASample()
     // By the program itself, as a picture and as a file.
     const QString picture = m_folder->place("a.png");
     QCOMPARE(Call({"--export", picture, outputPath("a.HEIC")}).status, 0);
-    const QImage healthy = decodeHeic(path).image;
+    const QImage healthy = decodePicture(path).image;
     QVERIFY(QImage(picture).convertToFormat(healthy.format()) == healthy);
     const QString readable = m_folder->place("a.heic");
     QCOMPARE(Call({"--export", readable, outputPath("a.HEIC")}).status, 0);
-    QVERIFY(decodeHeic(readable).image == healthy);
+    QVERIFY(decodePicture(readable).image == healthy);
 }
 
 QTEST_MAIN(TestFileUtil)
