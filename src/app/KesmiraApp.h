@@ -52,9 +52,7 @@ public:
     QString strConflictName;    ///< file name under conflict
     QString strDestRoot;        ///< destination as chosen, never changed by a rename
     QString strRenameTo;        ///< name that the user confirmed for a file in conflict
-    QString strQuickLookFile;   ///< file for a preview panel in this process
     QString strPreviewHelperPath;
-    bool bPreviewClosed = false;
     QString strDriveWatchPath; ///< the maker's four other tools
     QString strFullRecoverPhotoPath;
     QString strClipMenderPath;

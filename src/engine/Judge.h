@@ -34,5 +34,9 @@ Verdict judgeJpeg(const QString &path);
 /// Worker's work. Has a decoder process of its own and waits for no judge.
 QImage loadForView(const QString &path, const QSize &box, QSize &fullSize, const std::function<bool()> &abandoned = {});
 
+/// The same of a HEIC, a rewritten one included: turned as the file says, in the colours of sRGB.
+QImage loadHeicForView(const QString &path, const QSize &box, QSize &fullSize,
+                       const std::function<bool()> &abandoned = {});
+
 /// Starts the judge's decoder process beside what the caller does next, if it isn't there.
 void startJudge();

@@ -20,6 +20,7 @@
 #include "window/ListCount.h"
 #include "window/ListTools.h"
 #include "window/MyTreeWidget.h"
+#include "window/PanelOpener.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
@@ -88,7 +89,6 @@ BrowseRepair::BrowseRepair(QWidget *parent)
 BrowseRepair::~BrowseRepair()
 {
     endWorker();
-    m_previewThread.wait();
     pApp->pReferenceFileDlg = nullptr;
     closeApp = nullptr;
     stopDlgObj = nullptr;
@@ -138,6 +138,7 @@ void BrowseRepair::buildTrees()
     pResultTree->setObjectName(QStringLiteral("pResultTree"));
     pResultTree->setGeometry(22, 180, 400, 290);
     pResultTree->setAttribute(Qt::WA_MacShowFocusRect, false);
+    new PanelOpener(pResultTree, ui->graphicsView, ui->frame2); // which owns it
     m_details = new DetailsPane(pResultTree, ui->frame2);
     m_details->setGeometry(432, 474, 400, 68); // the free band under the preview
     m_listCount = new ListCount(pFileList, ui->frame);
@@ -167,7 +168,6 @@ void BrowseRepair::setStyleSheet()
     ui->label_4->setStyleSheet(QStringLiteral("background-color: transparent;"));
     ui->label->setStyleSheet(QStringLiteral("background-color: transparent;"));
     ui->graphicsView->setFrameShape(QFrame::NoFrame);
-    ui->graphicsView->viewport()->setFocusPolicy(Qt::NoFocus); // nothing in it can be used
     ui->label_3->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 19));
     ui->label_5->setFont(look::font(QStringLiteral("Helvetica neue"), 13));
 }
@@ -328,10 +328,10 @@ void BrowseRepair::orderFocus()
                                  ui->closeBtn_2,
                                  pMoreToolsBtn};
     QList<QWidget *> second = m_summary->stops();
-    second << QList<QWidget *>{
-        pResultTree,         m_details,     ui->checkBox1_2, ui->checkBox3, ui->StopRepairProcessBtn_2,
-        ui->SaveRepairBtn_2, ui->BackBtn_2, ui->UpdateBtn_2, ui->HelpBtn_1, ui->MiniMaBtn,
-        ui->closeBtn};
+    second << QList<QWidget *>{pResultTree,         ui->graphicsView, m_details,
+                               ui->checkBox1_2,     ui->checkBox3,    ui->StopRepairProcessBtn_2,
+                               ui->SaveRepairBtn_2, ui->BackBtn_2,    ui->UpdateBtn_2,
+                               ui->HelpBtn_1,       ui->MiniMaBtn,    ui->closeBtn};
     for (const QList<QWidget *> &page : {first, second})
         for (int i = 1; i < page.size(); ++i) setTabOrder(page[i - 1], page[i]);
 }

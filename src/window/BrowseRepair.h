@@ -17,7 +17,6 @@
 #include "window/PreviewLoader.h"
 #include "window/QRepairThread.h"
 #include "window/RunPlan.h"
-#include "window/ThreadPreview.h"
 
 #include <QMenuBar>
 #include <QPointer>
@@ -42,7 +41,6 @@ class QAction;
 class QCheckBox;
 class QLabel;
 class QPushButton;
-class QTimer;
 class QTreeWidget;
 class QTreeWidgetItem;
 class ResultSummary;
@@ -121,7 +119,6 @@ public slots:
     void OnSaveCheckBoxbtnClicked(bool checked);
     void OnThumbnailHideChkBox(bool checked);
     void OnPreviewHEICFile(const QString &path);
-    void OnQuickLookSlot();
     void SaveImage();
 
     // Repair with a sample
@@ -339,7 +336,6 @@ private:
     void showPicture(const QImage &image, const QSize &fullSize);
     void showNoPreview();
     void OnRowEntered(QTreeWidgetItem *item);
-    void GetQuickLookProcessID();
 
     // Repair with a sample
     QTreeWidgetItem *firstRowNamed(const QString &name, Qt::CaseSensitivity sensitivity = Qt::CaseSensitive) const;
@@ -405,11 +401,6 @@ private:
     bool bCloseDialogOpen = false;
     SavingReport m_savingReport; ///< of the last save
 
-    QList<unsigned int> lstHelperPids;
-    quint32 nCurrentHelper = 0;
-    QStringList lstPreviewFiles;
-    QTimer *pQuickLookTimer = nullptr;
-
     EffectQueue m_effects;
     RunPlan m_plan;                     ///< written only while no worker runs
     quint64 m_run = 0;                  ///< number of the run whose effects count
@@ -418,7 +409,6 @@ private:
     std::atomic<bool> m_leaving{false}; ///< the program ends: a run that starts now stops at once
     std::vector<std::function<void()>> m_afterRun;
     QRepairThread m_repairThread;
-    ThreadPreview m_previewThread;
     PreviewLoader m_preview{m_effects};
     Background m_aside;
 };

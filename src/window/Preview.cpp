@@ -1,8 +1,7 @@
-// What a clicked row shows: a picture that the toolkit decodes, the system's panel for a HEIC, or that there is none.
+// What a clicked row shows: its picture, or that there is none.
 #include "app/KesmiraApp.h"
 #include "desktop/Languages.h"
 #include "desktop/Look.h"
-#include "desktop/platform/Platform.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
 #include "window/DetailsPane.h"
@@ -12,7 +11,6 @@
 #include <QFileInfo>
 #include <QGraphicsPixmapItem>
 #include <QGraphicsScene>
-#include <QTimer>
 
 namespace {
 
@@ -25,15 +23,15 @@ void BrowseRepair::previewRow(QTreeWidgetItem *item)
     m_preview.cancel();
     m_details->showRow(item);
     ui->Preview_Label->hide();
+    if (!ui->Preview_Label->text().isEmpty()) // what was being read isn't any more
+        ui->Preview_Label->setPixmap(look::picture(placeholderPicture(), devicePixelRatioF()));
     if (pApp->strTempDir.isEmpty()) return;
     const QString path = outputPath(item->text(column::Name));
     const QString code = item->text(column::Status);
     const bool output = code == QLatin1String(status::Output);
-    // The toolkit decodes no HEIC, whatever plug-ins are there: the judge's format is JPEG alone.
-    const bool heic = QFileInfo(item->text(column::Name)).completeSuffix().toUpper() == QLatin1String("HEIC");
+    // The last suffix alone counts: a HEIC may well be called IMG.1.heic.
+    const bool heic = QFileInfo(item->text(column::Name)).suffix().toUpper() == QLatin1String("HEIC");
     if (heic && output) {
-        ui->graphicsView->hide();
-        ui->Preview_Label->show();
         OnPreviewHEICFile(path);
         return;
     }
@@ -82,42 +80,14 @@ void BrowseRepair::showNoPreview()
 
 void BrowseRepair::OnPreviewHEICFile(const QString &path)
 {
-    const PreviewKind kind = platform().previewKind();
-    if (kind == PreviewKind::None) {
-        showNoPreview();
-        return;
-    }
-    if (kind == PreviewKind::Helper) {
-        // One preview at a time: the last click wins. A helper that is just being started is one to end, too.
-        m_previewThread.wait();
-        GetQuickLookProcessID();
-        for (const unsigned int pid : qAsConst(lstHelperPids)) platform().endPreviewHelper(pid);
-    }
-    pApp->bPreviewClosed = false;
-    if (kind == PreviewKind::Helper) {
-        lstPreviewFiles = QStringList{path};
-        m_previewThread.SetInitialSettings(pApp->strPreviewHelperPath, path);
-        m_previewThread.start(QThread::InheritPriority);
-        return;
-    }
-    pApp->strQuickLookFile = path;
-    if (path.isEmpty()) return;
-    platform().showPreviewPanel(kind, path);
-    if (!pQuickLookTimer) {
-        pQuickLookTimer = new QTimer(this);
-        connect(pQuickLookTimer, &QTimer::timeout, this, &BrowseRepair::OnQuickLookSlot);
-    }
-    pQuickLookTimer->start(40);
-}
-
-void BrowseRepair::GetQuickLookProcessID()
-{
-    lstHelperPids = platform().previewHelpers(pApp->strPreviewHelperPath);
-}
-
-void BrowseRepair::OnQuickLookSlot()
-{
-    if (!pApp->bPreviewClosed) return;
-    pQuickLookTimer->stop();
-    activateWindow();
+    // Takes a second or two, and until then the picture of another row must not stand here.
+    ui->graphicsView->hide();
+    ui->Preview_Label->setText(tr("Reading the picture ..."));
+    ui->Preview_Label->show();
+    m_preview.request(
+        path, (QSizeF(kView) * devicePixelRatioF()).toSize(),
+        [this](const QImage &image, const QSize &fullSize) {
+            image.isNull() ? showNoPreview() : showPicture(image, fullSize);
+        },
+        loadHeicForView);
 }

@@ -1,6 +1,5 @@
 #include "window/PreviewLoader.h"
 
-#include "engine/Judge.h"
 #include "window/EffectQueue.h"
 
 PreviewLoader::PreviewLoader(EffectQueue &effects) : m_effects(effects) {}
@@ -10,14 +9,14 @@ PreviewLoader::~PreviewLoader()
     cancel();
 }
 
-void PreviewLoader::request(const QString &path, const QSize &box, const Shown &shown)
+void PreviewLoader::request(const QString &path, const QSize &box, const Shown &shown, Load load)
 {
     const quint64 number = ++m_latest;
     m_thread.dropWaiting();
-    m_thread.start([this, path, box, shown, number] {
+    m_thread.start([this, path, box, shown, load, number] {
         if (number != m_latest) return;
         QSize fullSize;
-        const QImage image = loadForView(path, box, fullSize, [this, number] { return number != m_latest; });
+        const QImage image = load(path, box, fullSize, [this, number] { return number != m_latest; });
         m_effects.post([this, image, fullSize, shown, number] {
             if (number == m_latest) shown(image, fullSize);
         });

@@ -1,6 +1,7 @@
 // Decodes the picture of a clicked row beside the main thread, so that the window answers while a large one loads.
 #pragma once
 
+#include "engine/Judge.h"
 #include "window/Background.h"
 
 #include <QImage>
@@ -20,9 +21,12 @@ public:
     ~PreviewLoader();
 
     using Shown = std::function<void(const QImage &, const QSize &fullSize)>;
-    /// Loads the JPEG at `path` for a view of `box` pixels and hands it over on the main thread; a null image if it doesn't
-    /// decode. A later request, or cancel(), drops the earlier ones.
-    void request(const QString &path, const QSize &box, const Shown &shown);
+    /// loadForView or its sibling for another format.
+    using Load = QImage (*)(const QString &path, const QSize &box, QSize &fullSize,
+                            const std::function<bool()> &abandoned);
+    /// Loads the picture at `path` for a view of `box` pixels and hands it over on the main thread; a null image if it
+    /// doesn't decode. A later request, or cancel(), drops the earlier ones, that which is being decoded included.
+    void request(const QString &path, const QSize &box, const Shown &shown, Load load = loadForView);
     void cancel();
 
 private:

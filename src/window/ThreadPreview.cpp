@@ -2,15 +2,17 @@
 
 #include "desktop/platform/Platform.h"
 
-void ThreadPreview::SetInitialSettings(const QString &helperPath, const QString &file)
+void ThreadPreview::SetInitialSettings(const QString &helperPath, const QString &file, const QStringList &files)
 {
     const QMutexLocker lock(&mutex);
     strHelperPath = helperPath;
     strPreviewFile = file;
+    lstFiles = files;
 }
 
 void ThreadPreview::run()
 {
     const QMutexLocker lock(&mutex);
-    platform().startPreviewHelper(strHelperPath, strPreviewFile);
+    const QString number = QString::number(lstFiles.indexOf(strPreviewFile) + 1);
+    platform().startPreviewHelper(strHelperPath, QStringList{"--at", number, "--"} + lstFiles);
 }

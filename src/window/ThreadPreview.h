@@ -3,6 +3,7 @@
 
 #include <QMutex>
 #include <QString>
+#include <QStringList>
 #include <QThread>
 
 class ThreadPreview : public QThread
@@ -10,8 +11,8 @@ class ThreadPreview : public QThread
     Q_OBJECT
 
 public:
-    /// What the next start shows; waits while a start is under way.
-    void SetInitialSettings(const QString &helperPath, const QString &file);
+    /// What the next start shows: `file`, which is one of `files`, among these. Waits while a start is under way.
+    void SetInitialSettings(const QString &helperPath, const QString &file, const QStringList &files);
 
 protected:
     void run() override;
@@ -19,5 +20,6 @@ protected:
 private:
     QString strHelperPath;
     QString strPreviewFile;
+    QStringList lstFiles;
     QMutex mutex;
 };

@@ -163,13 +163,11 @@ void TestPlatformLinux::helpersAreFoundAndEnded()
     const QString path = m_room->place("bin/FileUtil.app");
     pApp->strPreviewHelperPath = path;
     PlatformLinux platform;
-    QVERIFY(platform.previewKind() == PreviewKind::None);
     QVERIFY(platform.previewHelpers(path).isEmpty());
-    QVERIFY(!platform.startPreviewHelper(path, "60"));
+    QVERIFY(!platform.startPreviewHelper(path, {"60"}));
 
     const QString helper = copyOfSleep(m_room->place(program));
     const QString stranger = copyOfSleep(m_room->place("elsewhere/FileUtil"));
-    QVERIFY(platform.previewKind() == PreviewKind::Helper);
     QProcess first, second, other;
     first.start(helper, {"60"});
     second.start(helper, {"60"});
@@ -199,8 +197,8 @@ void TestPlatformLinux::helperGetsTheNameAsOneArgument()
           "#!/bin/sh\nprintf '%s|' \"$#\" \"$1\" > '" + answer.toUtf8() + ".new'\nmv '" + answer.toUtf8() + ".new' '"
               + answer.toUtf8() + "'\n");
     QFile::setPermissions(helper, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QVERIFY(PlatformLinux().startPreviewHelper(helper + ".app", "/a b'\"$(exit);\n.heic"));
-    QTRY_COMPARE(contents(answer), QByteArray("1|/a b'\"$(exit);\n.heic|"));
+    QVERIFY(PlatformLinux().startPreviewHelper(helper + ".app", {"/a b'\"$(exit);\n.heic", "--"}));
+    QTRY_COMPARE(contents(answer), QByteArray("2|/a b'\"$(exit);\n.heic|"));
 }
 
 void TestPlatformLinux::destination_data()

@@ -45,8 +45,7 @@ private:
 class RecordingPlatform : public Platform
 {
 public:
-    QStringList calls; ///< "show PATH", "open ADDRESS", "preview FILE", "end PID", "start PATH", "anew WORDS at SCALE"
-    PreviewKind kind = PreviewKind::None;
+    QStringList calls; ///< "show PATH", "open ADDRESS", "preview WORDS", "end PID", "start PATH", "anew WORDS at SCALE"
     QString refusal;
     QString installProblem;
     QStringList there;           ///< applications that can be started
@@ -58,9 +57,11 @@ public:
     bool showInFileManager(const QString &path) override { return note("show " + path); }
     bool openAddress(const QUrl &address) override { return note("open " + address.toString()); }
     QString defaultBrowser() override { return {}; }
-    PreviewKind previewKind() override { return kind; }
     QList<unsigned int> previewHelpers(const QString &) override { return helpers; }
-    bool startPreviewHelper(const QString &, const QString &file) override { return note("preview " + file); }
+    bool startPreviewHelper(const QString &, const QStringList &words) override
+    {
+        return note("preview " + words.join(' '));
+    }
     void endPreviewHelper(unsigned int pid) override { note("end " + QString::number(pid)); }
     bool isApplicationThere(const QString &path) override { return there.contains(path); }
     bool startApplication(const QString &path) override { return note("start " + path); }

@@ -71,11 +71,6 @@ QString makeRevealScriptRunnable()
     return "chmod 777 " + revealScriptPath();
 }
 
-QString startHelper(const QString &helperPath, const QString &file)
-{
-    return "open " + quoted(helperPath) + " --args " + bare(file);
-}
-
 QString answerPath()
 {
     return QStringLiteral("/var/tmp/TempFile");
@@ -124,13 +119,6 @@ int versionCode(const QString &version)
 QString systemName(int versionCode)
 {
     return versionCode >= 0x1000 ? QStringLiteral("MAC OS X") : QString();
-}
-
-PreviewKind previewKind(int macintoshVersion)
-{
-    if (macintoshVersion > 8) return PreviewKind::Helper;
-    if (macintoshVersion == 8) return PreviewKind::Panel;
-    return macintoshVersion == 7 ? PreviewKind::OldPanel : PreviewKind::None;
 }
 
 QString startApplication(const QString &bundlePath)

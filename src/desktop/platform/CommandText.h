@@ -4,8 +4,6 @@
 // quotes a blank still ends it.
 #pragma once
 
-#include "desktop/platform/Platform.h"
-
 #include <QList>
 #include <QString>
 
@@ -17,8 +15,6 @@ QString revealScriptPath();
 QString revealScript(const QString &path);
 QString makeRevealScriptRunnable();
 
-/// Shows `file` with the preview helper at `helperPath`. The file's name stands bare: its first blank ends it.
-QString startHelper(const QString &helperPath, const QString &file);
 /// Place where a command leaves its answer.
 QString answerPath();
 /// Leaves the processes of the preview helper at `answerPath`.
@@ -35,8 +31,6 @@ QString versionIn(const QString &answer);
 int versionCode(const QString &version);
 /// "MAC OS X" from version 0x1000 on, else empty.
 QString systemName(int versionCode);
-/// How a system of this number (10.6 is 8) shows a picture.
-PreviewKind previewKind(int macintoshVersion);
 
 QString startApplication(const QString &bundlePath);
 /// Opens an address with a browser, whose name stands bare.

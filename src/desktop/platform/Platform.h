@@ -4,15 +4,8 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
-
-/// How the system shows a picture that the toolkit can't decode.
-enum class PreviewKind {
-    None,     ///< it has no way; the no-preview picture serves
-    Helper,   ///< a helper program beside the main one shows a panel
-    Panel,    ///< a panel in this process
-    OldPanel, ///< the same, through the way of the oldest systems
-};
 
 /// Kind of processor; names it where its exact code says nothing.
 enum class ProcessorFamily { Other, Intel, PowerPc, Motorola };
@@ -43,18 +36,12 @@ public:
     /// Path or name of the browser for http, empty if unknown.
     virtual QString defaultBrowser() = 0;
 
-    virtual PreviewKind previewKind() = 0;
     /// Process ids of the running copies of the helper at `helperPath` that belong to this user.
     virtual QList<unsigned int> previewHelpers(const QString &helperPath) = 0;
-    /// Starts the helper on a file and returns at once; may be called from another thread than the others.
-    virtual bool startPreviewHelper(const QString &helperPath, const QString &file) = 0;
+    /// Starts the helper with these arguments, each of which reaches it as it is, and returns at once; may be called from
+    /// another thread than the others. False where there is no helper.
+    virtual bool startPreviewHelper(const QString &helperPath, const QStringList &arguments) = 0;
     virtual void endPreviewHelper(unsigned int pid) = 0;
-    /// Shows the panel of this process on a file; only for PreviewKind::Panel and OldPanel.
-    virtual void showPreviewPanel(PreviewKind kind, const QString &file)
-    {
-        Q_UNUSED(kind)
-        Q_UNUSED(file)
-    }
 
     /// True if there is an application at this bundle's path.
     virtual bool isApplicationThere(const QString &bundlePath) = 0;

@@ -137,11 +137,6 @@ QString PlatformLinux::defaultBrowser()
     return browserOfDesktopSettings();
 }
 
-PreviewKind PlatformLinux::previewKind()
-{
-    return programOf(pApp->strPreviewHelperPath).isEmpty() ? PreviewKind::None : PreviewKind::Helper;
-}
-
 QString PlatformLinux::programOf(const QString &bundlePath)
 {
     if (bundlePath.isEmpty()) return {};
@@ -169,10 +164,10 @@ QList<unsigned int> PlatformLinux::previewHelpers(const QString &helperPath)
     return found;
 }
 
-bool PlatformLinux::startPreviewHelper(const QString &helperPath, const QString &file)
+bool PlatformLinux::startPreviewHelper(const QString &helperPath, const QStringList &arguments)
 {
     const QString helper = programOf(helperPath);
-    return !helper.isEmpty() && QProcess::startDetached(helper, {file});
+    return !helper.isEmpty() && QProcess::startDetached(helper, arguments);
 }
 
 void PlatformLinux::endPreviewHelper(unsigned int pid)

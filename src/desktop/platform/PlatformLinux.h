@@ -17,9 +17,8 @@ public:
     bool openAddress(const QUrl &address) override;
     /// Name of the desktop entry that the user's settings give for http, without suffix: "firefox".
     QString defaultBrowser() override;
-    PreviewKind previewKind() override;
     QList<unsigned int> previewHelpers(const QString &helperPath) override;
-    bool startPreviewHelper(const QString &helperPath, const QString &file) override;
+    bool startPreviewHelper(const QString &helperPath, const QStringList &arguments) override;
     /// Ends a process that `previewHelpers` listed, if it still is that helper.
     void endPreviewHelper(unsigned int pid) override;
     bool isApplicationThere(const QString &bundlePath) override;

@@ -9,6 +9,7 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QSysInfo>
 
 #include <cstdlib>
@@ -74,20 +75,14 @@ QString PlatformMac::defaultBrowser()
     return {};
 }
 
-PreviewKind PlatformMac::previewKind()
-{
-    // The toolkit runs on no system that is older than the helper.
-    return PreviewKind::Helper;
-}
-
 QList<unsigned int> PlatformMac::previewHelpers(const QString &)
 {
     return commandText::helperIds(answerTo(commandText::listHelpers()));
 }
 
-bool PlatformMac::startPreviewHelper(const QString &helperPath, const QString &file)
+bool PlatformMac::startPreviewHelper(const QString &helperPath, const QStringList &arguments)
 {
-    return run(commandText::startHelper(helperPath, file));
+    return QProcess::startDetached("open", QStringList{"-n", helperPath, "--args"} + arguments);
 }
 
 void PlatformMac::endPreviewHelper(unsigned int pid)

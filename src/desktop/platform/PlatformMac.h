@@ -12,9 +12,8 @@ public:
     bool openAddress(const QUrl &address) override;
     /// Always empty: an address goes to the browser that the system itself chooses.
     QString defaultBrowser() override;
-    PreviewKind previewKind() override;
     QList<unsigned int> previewHelpers(const QString &helperPath) override;
-    bool startPreviewHelper(const QString &helperPath, const QString &file) override;
+    bool startPreviewHelper(const QString &helperPath, const QStringList &arguments) override;
     void endPreviewHelper(unsigned int pid) override;
     bool isApplicationThere(const QString &bundlePath) override;
     bool startApplication(const QString &bundlePath) override;
