@@ -36,10 +36,10 @@ const char kStyle[] =
     " padding: 4px 10px; min-width: 18px; }"
     "QWidget#bar > QPushButton:hover { background: #50545a; }"
     "QWidget#bar > QPushButton:disabled { color: #8a8f95; background: #2b2d31; }"
-    "PictureView QScrollBar { background: #202225; border: none; width: 10px; height: 10px; }"
-    "PictureView QScrollBar::handle { background: #6b7076; border-radius: 4px; min-width: 24px; min-height: 24px; }"
-    "PictureView QScrollBar::add-line, PictureView QScrollBar::sub-line, PictureView QScrollBar::add-page,"
-    " PictureView QScrollBar::sub-page { background: none; border: none; width: 0; height: 0; }";
+    "QWidget#panel QScrollBar { background: #202225; border: none; width: 10px; height: 10px; }"
+    "QWidget#panel QScrollBar::handle { background: #6b7076; border-radius: 4px; min-width: 24px; min-height: 24px; }"
+    "QWidget#panel QScrollBar::add-line, QWidget#panel QScrollBar::sub-line, QWidget#panel QScrollBar::add-page,"
+    " QWidget#panel QScrollBar::sub-page { background: none; border: none; width: 0; height: 0; }";
 
 QPixmap forScreen(const DecodedPicture &decoded)
 {
@@ -56,7 +56,7 @@ PicturePanel::PicturePanel(const QStringList &files, int first, QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     buildWidgets();
     const QRect area = screen()->availableGeometry();
-    setMinimumSize(kLeast.boundedTo(area.size()));
+    setMinimumSize(minimumSizeHint().expandedTo(kLeast).boundedTo(area.size())); // words may be long
     resize(QSize(720, 560).boundedTo(area.size()));
     move(area.center() - rect().center());
     connect(&m_process, &DecodeProcess::finished, this, &PicturePanel::showDecoded);

@@ -2,6 +2,7 @@
 
 #include <QGraphicsPixmapItem>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -22,6 +23,7 @@ PictureView::PictureView(QWidget *parent) : QGraphicsView(new QGraphicsScene, pa
     setFocusPolicy(Qt::NoFocus);
     setDragMode(QGraphicsView::ScrollHandDrag);
     setFrameShape(QFrame::NoFrame);
+    setTransformationAnchor(QGraphicsView::NoAnchor);
 }
 
 void PictureView::setPicture(const QPixmap &picture)
@@ -53,13 +55,16 @@ void PictureView::fit()
         setScale(std::min({room.width() / size.width(), room.height() / size.height(), 1.0}));
 }
 
-void PictureView::zoom(double wanted, ViewportAnchor anchor)
+void PictureView::zoom(double wanted, const QPoint &place)
 {
     if (!m_item) return;
     m_fits = false;
+    const QPointF there = mapToScene(place);
     setScrollBars(Qt::ScrollBarAsNeeded);
-    setTransformationAnchor(anchor);
     setScale(std::clamp(wanted, kSmallest, kLargest));
+    const QPoint moved = mapFromScene(there) - place;
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + moved.y());
 }
 
 void PictureView::setScale(double scale)
@@ -92,7 +97,7 @@ void PictureView::setScrollBars(Qt::ScrollBarPolicy policy)
 void PictureView::wheelEvent(QWheelEvent *event)
 {
     const int turned = event->angleDelta().y();
-    if (turned != 0) zoom(scale() * std::pow(1.25, turned / kUnitsForQuarter), QGraphicsView::AnchorUnderMouse);
+    if (turned != 0) zoom(scale() * std::pow(1.25, turned / kUnitsForQuarter), event->position().toPoint());
     event->accept();
 }
 
@@ -105,7 +110,7 @@ void PictureView::resizeEvent(QResizeEvent *event)
 void PictureView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (m_fits)
-        zoom(1.0, QGraphicsView::AnchorUnderMouse);
+        zoom(1.0, event->pos());
     else
         fit();
     event->accept();

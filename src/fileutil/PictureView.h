@@ -24,7 +24,7 @@ public:
     /// Pixels of the screen, its own ones, for one of the picture.
     double scale() const;
     /// Between 1/32 and 16. Keeps the middle of the view in its place.
-    void zoomTo(double scale) { zoom(scale, QGraphicsView::AnchorViewCenter); }
+    void zoomTo(double scale) { zoom(scale, viewport()->rect().center()); }
     void zoomBy(double factor) { zoomTo(scale() * factor); }
     /// All of it is seen; a picture that is smaller than the view isn't blown up.
     void fit();
@@ -40,7 +40,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
-    void zoom(double scale, ViewportAnchor anchor);
+    /// What lies at `place` of the viewport stays there, as far as there is something to scroll.
+    void zoom(double scale, const QPoint &place);
     void setScale(double scale);
     void setScrollBars(Qt::ScrollBarPolicy policy);
     /// The picture in a size from which the toolkit draws it smoothly at that scale.

@@ -108,7 +108,7 @@ void PanelOpener::openCurrent()
 void PanelOpener::open(const QTreeWidgetItem *row)
 {
     const QTreeWidgetItem *shown = resultOf(row);
-    if (!shown) return;
+    if (!shown || !m_results->isEnabled()) return; // in a run the working folder is the worker's
     QStringList files;
     int at = -1;
     for (QTreeWidgetItemIterator it(m_results); *it; ++it) {

@@ -21,6 +21,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace {
 
@@ -203,6 +204,16 @@ void TestFileUtil::panelShowsAndZooms()
     QCOMPARE(panel.view()->scale(), 1.0);
     panel.resize(500, 400); // what was zoomed stays
     QCOMPARE(panel.view()->scale(), 1.0);
+    // The wheel keeps what is under the pointer in its place.
+    QWidget *port = panel.view()->viewport();
+    const QPoint place(port->width() / 3, port->height() / 2);
+    const QPointF there = panel.view()->mapToScene(place);
+    for (int i = 0; i < 4; ++i) {
+        QWheelEvent turn(place, port->mapToGlobal(place), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(port, &turn);
+    }
+    QVERIFY(panel.view()->scale() > 1.0);
+    QVERIFY((panel.view()->mapFromScene(there) - place).manhattanLength() <= 4); // rounding
     QTest::keyClick(&panel, Qt::Key_0);
     QVERIFY(panel.view()->scale() < fitting);
     QTest::keyClick(&panel, Qt::Key_Space);
