@@ -444,6 +444,10 @@ Do you want to go back to previous screen?</source>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>只能拖放 JPEG 文件；以下文件请用“添加”：</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>正在读取图像...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>正在读取图像...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>缩小</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>放大</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>适合</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>另存为</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 像素</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>无法显示此文件：%1。</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;其他程序可打开的 HEIC (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>名称必须以 .png、.jpg 或 .heic 结尾。</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>不会替换正在显示的文件。请选择其他名称。</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>无法写入“%1”：%2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Thumbnails are small sized images of large JPEGs.</source>
         <translation>内存不足，无法显示图像</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>解码器已中断</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>无法启动解码器</translation>
     </message>
@@ -801,6 +754,14 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>无法以此格式写入图像</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>解码耗时过长</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>解码已被中止</translation>
     </message>
 </context>
 <context>
@@ -848,6 +809,92 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>OK</source>
         <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>双击、按回车键或 F11 可完整显示结果。</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>不会替换正在显示的文件。请选择其他名称。</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>缩略图</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>相机存入文件中的小图。可作对照：它显示的是同一场景。</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>上一张图片</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>下一张图片</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>缩小</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>放大</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>原始大小</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合窗口</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>另存为</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1（%2/%3）</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>正在读取图像...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>无法显示此文件：%1。</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 像素</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>原样 JPEG (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;其他程序可打开的 HEIC (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>名称必须以 .jpg 或 .png 结尾。</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>名称必须以 .png、.jpg 或 .heic 结尾。</translation>
     </message>
 </context>
 <context>

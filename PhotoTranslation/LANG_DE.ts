@@ -444,6 +444,10 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>Nur JPEG-Dateien lassen sich ablegen; nehmen Sie „Hinzufügen“ für:</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Das Bild wird gelesen...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>Das Bild wird gelesen...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>Verkleinern</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>Vergrößern</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>Anpassen</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>Speichern unter</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 Pixel</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>Diese Datei kann nicht angezeigt werden: %1.</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC, das andere Programme öffnen (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>Der Name muss auf .png, .jpg oder .heic enden.</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>Die angezeigte Datei wird nicht ersetzt. Wählen Sie einen anderen Namen.</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <translation>für das Bild reicht der Speicher nicht</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>der Dekoder hat abgebrochen</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>der Dekoder kann nicht gestartet werden</translation>
     </message>
@@ -801,6 +754,14 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>das Bild kann in diesem Format nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>das Dekodieren dauerte zu lange</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>das Dekodieren wurde abgebrochen</translation>
     </message>
 </context>
 <context>
@@ -849,6 +810,92 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>Doppelklick, Eingabetaste oder F11 zeigt das Ergebnis ganz.</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>Die angezeigte Datei wird nicht ersetzt. Wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniatur</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>Das kleine Bild, das die Kamera in die Datei gelegt hat. Zum Vergleich: Es zeigt dieselbe Szene.</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>Voriges Bild</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>Nächstes Bild</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Anpassen</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1 (%2 von %3)</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Das Bild wird gelesen...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>Diese Datei kann nicht angezeigt werden: %1.</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 Pixel</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>JPEG, wie es ist (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC, das andere Programme öffnen (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>Der Name muss auf .jpg oder .png enden.</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>Der Name muss auf .png, .jpg oder .heic enden.</translation>
     </message>
 </context>
 <context>

@@ -444,6 +444,10 @@ Do you want to go back to the previous screen?</translation>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>Only JPEG files can be dropped; take Add for:</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Reading the picture ...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>Reading the picture...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>Smaller</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>Larger</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>Fit</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>Save as</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 pixels</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>This file can&apos;t be shown: %1.</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>The name must end in .png, .jpg or .heic.</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>The file that is shown isn&apos;t replaced; choose another name.</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>&apos;%1&apos; can&apos;t be written: %2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <translation>there is no memory for the picture</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>the decoder broke off</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>the decoder can&apos;t be started</translation>
     </message>
@@ -801,6 +754,14 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>the picture can&apos;t be written in this format</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>the decoder took too long</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>the decoder was stopped</translation>
     </message>
 </context>
 <context>
@@ -849,6 +810,92 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>A double-click, Return or F11 shows the result in full.</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>The file that is shown isn&apos;t replaced; choose another name.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>&apos;%1&apos; can&apos;t be written: %2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Thumbnail</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>The small picture that the camera has put into the file. Compare: it shows the same scene.</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>Previous picture</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>Next picture</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Smaller</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Larger</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>Full size</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Fit</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Save as</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1 (%2 of %3)</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Reading the picture ...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>This file can&apos;t be shown: %1.</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 pixels</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>The name must end in .jpg or .png.</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>The name must end in .png, .jpg or .heic.</translation>
     </message>
 </context>
 <context>

@@ -444,6 +444,10 @@ Do you want to go back to previous screen?</source>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>Solo se pueden soltar archivos JPEG; use «Añadir» para:</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Leyendo la imagen...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>Leyendo la imagen...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>Reducir</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>Ampliar</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>Ajustar</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>Guardar como</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 píxeles</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>No se puede mostrar el archivo: %1.</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC que otros programas abren (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>El nombre debe terminar en .png, .jpg o .heic.</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>El archivo mostrado no se reemplaza. Elija otro nombre.</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>No se puede escribir «%1»: %2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <translation>no hay memoria para la imagen</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>el descodificador se interrumpió</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>no se puede iniciar el descodificador</translation>
     </message>
@@ -801,6 +754,14 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>no se puede escribir la imagen en este formato</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>la decodificación tardó demasiado</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>la decodificación se interrumpió</translation>
     </message>
 </context>
 <context>
@@ -849,6 +810,92 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>OK</source>
         <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>Doble clic, Intro o F11 muestra el resultado completo.</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>El archivo mostrado no se reemplaza. Elija otro nombre.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>No se puede escribir «%1»: %2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniatura</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>La imagen pequeña que la cámara puso en el archivo. Compare: muestra la misma escena.</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>Imagen anterior</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>Imagen siguiente</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Reducir</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Ampliar</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>Tamaño real</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Ajustar</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Guardar como</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1 (%2 de %3)</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Leyendo la imagen...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>No se puede mostrar el archivo: %1.</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 píxeles</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>JPEG tal cual (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC que otros programas abren (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>El nombre debe terminar en .jpg o .png.</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>El nombre debe terminar en .png, .jpg o .heic.</translation>
     </message>
 </context>
 <context>

@@ -444,6 +444,10 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>Seuls les fichiers JPEG peuvent être déposés&#xa0;; utilisez «&#xa0;Ajouter&#xa0;» pour&#xa0;:</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Lecture de l’image...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>Lecture de l’image...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>Réduire</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>Agrandir</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>Ajuster</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>Enregistrer sous</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 pixels</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>Impossible d’afficher ce fichier&#xa0;: %1.</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC lisible par d’autres programmes (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>Le nom doit se terminer par .png, .jpg ou .heic.</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>Le fichier affiché ne sera pas remplacé. Choisissez un autre nom.</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>Impossible d’écrire «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Ce sont de petites images des grands JPEG.</translation>
         <translation>la mémoire ne suffit pas pour l’image</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>le décodeur s’est interrompu</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>le décodeur ne peut pas être démarré</translation>
     </message>
@@ -801,6 +754,14 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>l’image ne peut pas être écrite dans ce format</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>le décodage a pris trop de temps</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>le décodage a été interrompu</translation>
     </message>
 </context>
 <context>
@@ -849,6 +810,92 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>Un double-clic, Entrée ou F11 montre le résultat en entier.</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>Le fichier affiché ne sera pas remplacé. Choisissez un autre nom.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>Impossible d’écrire «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniature</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>La petite image que l’appareil a placée dans le fichier. Comparez : elle montre la même scène.</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>Image précédente</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>Image suivante</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Réduire</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Agrandir</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>Taille réelle</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Ajuster</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Enregistrer sous</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1 (%2 sur %3)</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Lecture de l’image...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>Impossible d’afficher ce fichier&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 pixels</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>JPEG tel quel (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC lisible par d’autres programmes (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>Le nom doit se terminer par .jpg ou .png.</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>Le nom doit se terminer par .png, .jpg ou .heic.</translation>
     </message>
 </context>
 <context>

@@ -444,6 +444,10 @@ Tornare alla schermata precedente?</translation>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>Si possono trascinare solo file JPEG; usare “Aggiungi” per:</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Lettura dell’immagine...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>Lettura dell’immagine...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>Riduci</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>Ingrandisci</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>Adatta</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>Salva con nome</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 pixel</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>Impossibile mostrare il file: %1.</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC apribile da altri programmi (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>Il nome deve terminare con .png, .jpg o .heic.</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>Il file mostrato non viene sostituito. Scegliere un altro nome.</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>Impossibile scrivere “%1”: %2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Sono piccole immagini di JPEG grandi.</translation>
         <translation>memoria insufficiente per l’immagine</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>il decodificatore si è interrotto</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>impossibile avviare il decodificatore</translation>
     </message>
@@ -801,6 +754,14 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>impossibile scrivere l’immagine in questo formato</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>la decodifica ha richiesto troppo tempo</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>la decodifica è stata interrotta</translation>
     </message>
 </context>
 <context>
@@ -849,6 +810,92 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>Doppio clic, Invio o F11 mostra il risultato per intero.</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>Il file mostrato non viene sostituito. Scegliere un altro nome.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>Impossibile scrivere “%1”: %2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>Miniatura</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>La piccola immagine che la fotocamera ha messo nel file. Per confronto: mostra la stessa scena.</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>Immagine precedente</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>Immagine successiva</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Riduci</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Ingrandisci</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>Dimensioni reali</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Adatta</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Salva con nome</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1 (%2 di %3)</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>Lettura dell’immagine...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>Impossibile mostrare il file: %1.</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 pixel</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>JPEG così com’è (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC apribile da altri programmi (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>Il nome deve terminare in .jpg o .png.</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>Il nome deve terminare con .png, .jpg o .heic.</translation>
     </message>
 </context>
 <context>

@@ -444,6 +444,10 @@ Do you want to go back to previous screen?</source>
         <source>Only JPEG files can be dropped; take Add for:</source>
         <translation>ドロップできるのは JPEG ファイルだけです。次のファイルには［追加］を使ってください:</translation>
     </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>画像を読み込んでいます...</translation>
+    </message>
 </context>
 <context>
     <name>BrowseRepairObj</name>
@@ -698,53 +702,6 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
-    <name>HeicPanel</name>
-    <message>
-        <source>Reading the picture ...</source>
-        <translation>画像を読み込んでいます...</translation>
-    </message>
-    <message>
-        <source>Smaller</source>
-        <translation>縮小</translation>
-    </message>
-    <message>
-        <source>Larger</source>
-        <translation>拡大</translation>
-    </message>
-    <message>
-        <source>Fit</source>
-        <translation>合わせる</translation>
-    </message>
-    <message>
-        <source>Save as</source>
-        <translation>名前を付けて保存</translation>
-    </message>
-    <message>
-        <source>%1 x %2 pixels</source>
-        <translation>%1 x %2 ピクセル</translation>
-    </message>
-    <message>
-        <source>This file can&apos;t be shown: %1.</source>
-        <translation>このファイルは表示できません: %1。</translation>
-    </message>
-    <message>
-        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
-        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;他のプログラムで開ける HEIC (*.heic)</translation>
-    </message>
-    <message>
-        <source>The name must end in .png, .jpg or .heic.</source>
-        <translation>名前の末尾は .png、.jpg、.heic のいずれかにしてください。</translation>
-    </message>
-    <message>
-        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
-        <translation>表示中のファイルは置き換えられません。別の名前を指定してください。</translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; can&apos;t be written: %2</source>
-        <translation>「%1」に書き込めません: %2</translation>
-    </message>
-</context>
-<context>
     <name>HeicProblem</name>
     <message>
         <source>the file can&apos;t be read</source>
@@ -779,10 +736,6 @@ Thumbnails are small sized images of large JPEGs.</source>
         <translation>画像のためのメモリーが足りません</translation>
     </message>
     <message>
-        <source>the decoder broke off</source>
-        <translation>デコーダーが中断しました</translation>
-    </message>
-    <message>
         <source>the decoder can&apos;t be started</source>
         <translation>デコーダーを起動できません</translation>
     </message>
@@ -801,6 +754,14 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>the picture can&apos;t be written in this format</source>
         <translation>画像をこの形式で書き込めません</translation>
+    </message>
+    <message>
+        <source>the decoder took too long</source>
+        <translation>デコードに時間がかかりすぎました</translation>
+    </message>
+    <message>
+        <source>the decoder was stopped</source>
+        <translation>デコードが中止されました</translation>
     </message>
 </context>
 <context>
@@ -848,6 +809,92 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>PanelOpener</name>
+    <message>
+        <source>A double-click, Return or F11 shows the result in full.</source>
+        <translation>ダブルクリック、Enter キー、F11 キーで結果を大きく表示します。</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>The file that is shown isn&apos;t replaced; choose another name.</source>
+        <translation>表示中のファイルは置き換えられません。別の名前を指定してください。</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; can&apos;t be written: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>Thumbnail</source>
+        <translation>サムネイル</translation>
+    </message>
+    <message>
+        <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
+        <translation>カメラがファイルに入れた小さな画像です。同じ場面が写っているので、見比べてください。</translation>
+    </message>
+    <message>
+        <source>Previous picture</source>
+        <translation>前の画像</translation>
+    </message>
+    <message>
+        <source>Next picture</source>
+        <translation>次の画像</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>縮小</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Full size</source>
+        <translation>実寸大</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>全体を表示</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>名前を付けて保存</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1（%2／%3）</translation>
+    </message>
+    <message>
+        <source>Reading the picture ...</source>
+        <translation>画像を読み込んでいます...</translation>
+    </message>
+    <message>
+        <source>This file can&apos;t be shown: %1.</source>
+        <translation>このファイルは表示できません: %1。</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 ピクセル</translation>
+    </message>
+    <message>
+        <source>JPEG as it is (*.jpg *.jpeg);;PNG (*.png)</source>
+        <translation>元のままの JPEG (*.jpg *.jpeg);;PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;JPEG (*.jpg *.jpeg);;HEIC that other programs open (*.heic)</source>
+        <translation>PNG (*.png);;JPEG (*.jpg *.jpeg);;他のプログラムで開ける HEIC (*.heic)</translation>
+    </message>
+    <message>
+        <source>The name must end in .jpg or .png.</source>
+        <translation>名前の末尾は .jpg か .png にしてください。</translation>
+    </message>
+    <message>
+        <source>The name must end in .png, .jpg or .heic.</source>
+        <translation>名前の末尾は .png、.jpg、.heic のいずれかにしてください。</translation>
     </message>
 </context>
 <context>
