@@ -835,7 +835,7 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
     <message>
         <source>The small picture that the camera has put into the file. Compare: it shows the same scene.</source>
-        <translation>La petite image que l’appareil a placée dans le fichier. Comparez : elle montre la même scène.</translation>
+        <translation>La petite image que l’appareil a placée dans le fichier. Comparez&#xa0;: elle montre la même scène.</translation>
     </message>
     <message>
         <source>Previous picture</source>
