@@ -7,10 +7,11 @@
 /// For the JPEG at `path`, which gave `verdict`:
 /// - Whole: the decoder had no complaint and each component's scans are there, or it complained about something else than
 ///   the picture and each MCU can be read.
-/// - Partial: MCUs are missing, as data ended early or restart intervals are lost. `share` are those that can be read in
-///   front of the first error of their interval.
-/// - Doubtful: nothing is missing, but codes were wrong, data were left over or details are absent, so parts may be
-///   displaced or false; `share` as above, kUncounted where nothing can be counted.
+/// - Partial: MCUs are missing, as data ended early, are zeros or restart intervals are lost. `share` are those that can be
+///   read in front of the first error of their interval.
+/// - Doubtful: next to nothing is missing, but codes were wrong, data were left over or came out too short by a little,
+///   details are absent or levels multiplied by zero, so parts may be displaced or false; `share` as above, kUncounted
+///   where nothing can be counted.
 /// - Unjudged: it doesn't decode.
 /// Costs nothing where the decoder had no complaint and there is one scan, else about half a decode.
 Wholeness wholenessOf(const QString &path, const Verdict &verdict);

@@ -160,7 +160,7 @@ QString reportText(const FileOutcome &outcome)
         if (report.bytesSteppedOver > 0)
             lines << translated(QT_TRANSLATE_NOOP("ReportText", "Bytes stepped over: %1")).arg(report.bytesSteppedOver);
         for (const OutputReport &output : report.outputs)
-            lines << QFileInfo(output.path).fileName() + QLatin1String(": ") + wayText(output.way);
+            lines << QFileInfo(output.name).fileName() + QLatin1String(": ") + wayText(output.way);
     }
     const QString why = reasonWords(report.reason);
     if (!lines.contains(why) && !why.isEmpty()) lines << why;

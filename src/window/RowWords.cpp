@@ -1,5 +1,6 @@
 #include "window/RowWords.h"
 
+#include "engine/OutputRows.h"
 #include "engine/SourceJudge.h"
 #include "window/ReportText.h"
 #include "window/RunPlan.h"
@@ -75,13 +76,22 @@ QString typeLine(const QTreeWidgetItem *output)
     return {};
 }
 
+QString sourceText(const FileOutcome &outcome)
+{
+    const RepairReport &report = outcome.report;
+    if (report.sourceHealthy) return reportText(outcome).section('\n', 0, 0);
+    const bool smallOnes = std::all_of(report.outputs.begin(), report.outputs.end(),
+                                       [](const OutputReport &output) { return isThumbnailName(output.name); });
+    if (report.outputs.isEmpty() || !smallOnes || !report.salvage.name.isEmpty()) return {};
+    return Words::tr("The picture itself didn't come out; what did are smaller ones that were inside the file.");
+}
+
 } // namespace
 
 QString rowText(const QTreeWidgetItem *row)
 {
     const FileOutcome *outcome = outcomeOf(row);
-    if (!row->parent())
-        return outcome && outcome->report.sourceHealthy ? reportText(*outcome).section('\n', 0, 0) : QString();
+    if (!row->parent()) return outcome ? sourceText(*outcome) : QString();
     if (outcome && outcome->report.tilesAlone) return adviceLines(*outcome).first();
     if (foundInOutput(row) == Found::Nothing) return Words::tr("It doesn't open as a picture.");
     return wholenessWords(wholenessIn(row));

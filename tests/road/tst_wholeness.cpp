@@ -59,8 +59,9 @@ void TestWholeness::outputs_data()
     QTest::newRow("healthy, intervals") << intervals << intervals << "whole";
     QTest::newRow("healthy, progressive") << scans << scans << "whole";
     QTest::newRow("cut in half") << plain << plain.left(half) << "partial";
-    QTest::newRow("cut near the end") << plain << plain.left(plain.size() - 300) << "partial";
+    QTest::newRow("cut near the end") << plain << plain.left(plain.size() - 600) << "partial";
     QTest::newRow("cut in half, intervals") << intervals << intervals.left(half) << "partial";
+    QTest::newRow("a sector of zeros") << plain << Damage(plain).zero(inScan(half / 2), 512).bytes() << "partial";
     QTest::newRow("bytes lost in an interval")
         << intervals << Damage(intervals).remove(inScan(half / 2), 64).bytes() << "";
     QTest::newRow("cut in half, progressive") << scans << scans.left(scans.size() / 2) << "";
@@ -138,6 +139,8 @@ void TestWholeness::sources_data()
     QTest::newRow("without its end") << "a.jpg" << plain.left(plain.size() / 2) << "" << false << "";
     QTest::newRow("zeros") << "a.jpg" << QByteArray(5000, '\0') << "no-picture-data" << false << "";
     QTest::newRow("random bytes") << "a.jpg" << noise << "no-picture-data" << false << "";
+    QTest::newRow("zeros in a table") << "a.jpg" << Damage(plain).zero(at(0xFFDB) + 23, 30).bytes() << "" << false
+                                      << "";
     QTest::newRow("its data alone") << "a.jpg" << Damage(plain).dropHead(inScan(0)).bytes() << "header-lost" << false
                                     << "";
     QTest::newRow("the end of its data between zeros")

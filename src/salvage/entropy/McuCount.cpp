@@ -19,6 +19,18 @@ size_t nextRestart(ByteView data, size_t from)
     return data.size();
 }
 
+/// Offset of the next run of zeros that no picture has: what a lost sector leaves. The end of the data if there is none.
+size_t nextHole(ByteView data, size_t from)
+{
+    constexpr size_t kRun = 64; // of all-zero codes with nothing behind them; 512 bits tell no more than a few blocks
+    size_t zeros = 0;
+    for (size_t at = from; at < data.size(); ++at) {
+        zeros = data[at] == 0 ? zeros + 1 : 0;
+        if (zeros == kRun) return at + 1 - kRun;
+    }
+    return data.size();
+}
+
 /// The one scan of a sequential picture, interval by interval.
 class IntervalCounter
 {
@@ -50,7 +62,12 @@ private:
     void readInterval(quint64 mcus)
     {
         m_ended = false;
+        if (m_hole < m_mcus.reader.position()) m_hole = nextHole(m_data, m_mcus.reader.position());
         for (quint64 i = 0; i < mcus; ++i, ++m_count.decoded) {
+            if (m_mcus.reader.position() > m_hole) { // zeros are codes too, and read on
+                m_count.missing = m_count.faulty = true;
+                return;
+            }
             if (atEnd(m_mcus.reader)) {
                 m_ended = m_count.missing = true;
                 return;
@@ -84,6 +101,7 @@ private:
     ByteView m_data;
     McuCount m_count;
     quint64 m_length = 0;
+    size_t m_hole = nextHole(m_data, 0);
     bool m_ended = false; ///< the data of the last interval ended early
 };
 
