@@ -1,12 +1,13 @@
 #include "desktop/Look.h"
 
+#include "desktop/PlainTextStyle.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
 #include <QImage>
 #include <QImageReader>
-#include <QStyleFactory>
 #include <QToolTip>
 
 #include <algorithm>
@@ -75,7 +76,7 @@ void apply(QApplication &app)
     initPictures();
     substituteFonts(false);
     // The style comes first: setting one brings its own palette along.
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new PlainTextStyle(QStringLiteral("Fusion")));
     QApplication::setPalette(palette());
     QApplication::setFont(font("Helvetica neue", 13));
     QToolTip::setPalette(palette());

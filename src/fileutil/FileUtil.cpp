@@ -2,6 +2,7 @@
 
 #include "desktop/Languages.h"
 #include "desktop/Paths.h"
+#include "desktop/PlainTextStyle.h"
 #include "desktop/ScreenFit.h"
 #include "fileutil/DecodeProcess.h"
 #include "fileutil/PictureExport.h"
@@ -117,6 +118,7 @@ int runFileUtil(int argc, char **argv)
     }
     QApplication application(argc, argv);
     screen.fit(PicturePanel::kLeast);
+    QApplication::setStyle(new PlainTextStyle);
     initResources();
     speakLanguageOfWindow();
     PicturePanel panel(files.names, files.first);

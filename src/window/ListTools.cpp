@@ -11,7 +11,6 @@ ListTools::ListTools(QWidget *page) : QObject(page)
     removeTicked->setObjectName(QStringLiteral("removeTickedBtn"));
     m_note = new QLabel(page);
     m_note->setObjectName(QStringLiteral("listNote"));
-    m_note->setTextFormat(Qt::PlainText);
     m_note->setGeometry(25, 204, 730, 20);
     m_note->hide();
     setShown(false);
@@ -44,6 +43,6 @@ void ListTools::showRefused(const QString &why, const QStringList &files)
 {
     const QString line = why + QLatin1Char(' ') + files.join(QStringLiteral(", "));
     m_note->setText(m_note->fontMetrics().elidedText(line, Qt::ElideRight, m_note->width()));
-    m_note->setToolTip(QStringLiteral("<qt>%1</qt>").arg(line.toHtmlEscaped()));
+    m_note->setToolTip(why + QLatin1Char('\n') + files.mid(0, 40).join(QLatin1Char('\n')));
     m_note->setVisible(!files.isEmpty());
 }

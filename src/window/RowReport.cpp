@@ -66,7 +66,7 @@ void describeOutput(QTreeWidgetItem *output)
     const FileOutcome *outcome = outcomeOf(output);
     if (!outcome) return;
     const QString done = isSalvaged(output) ? salvageText(outcome->report.salvage) : reportText(*outcome);
-    setCells(output, plainTip(state.isEmpty() || done.contains(state) ? done : state + QLatin1Char('\n') + done));
+    setCells(output, state.isEmpty() || done.contains(state) ? done : state + QLatin1Char('\n') + done);
 }
 
 } // namespace
@@ -135,7 +135,7 @@ void describeRows(QTreeWidgetItem *source)
     source->setIcon(column::Name, healthy ? badge(Found::Healthy) : QIcon());
     source->setData(column::Name, Qt::AccessibleTextRole,
                     healthy ? name + QLatin1String(", ") + rowText(source) : name);
-    setCells(source, plainTip(reportText(*outcome)));
+    setCells(source, reportText(*outcome));
 }
 
 Found foundIn(const QTreeWidgetItem *source)

@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QIcon>
-#include <QTextDocument>
 #include <QTreeWidgetItem>
 
 #include <algorithm>
@@ -151,10 +150,4 @@ QIcon badge(Found found)
     case Found::Nothing: break;
     }
     return {};
-}
-
-QString plainTip(const QString &text)
-{
-    if (!Qt::mightBeRichText(text)) return text;
-    return QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped().replace('\n', QLatin1String("<br>")));
 }

@@ -16,6 +16,3 @@ QStringList detailLines(const QTreeWidgetItem *row);
 
 /// The small picture that stands for it, told by its shape; null where there is none.
 QIcon badge(Found found);
-
-/// `text` for a tool tip, which would take names of files for markup where they look like it.
-QString plainTip(const QString &text);

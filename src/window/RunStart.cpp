@@ -5,7 +5,6 @@
 #include "window/CustomButton.h"
 #include "window/DrgDrp.h"
 #include "window/MyTreeWidget.h"
-#include "window/RowWords.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QAction>
@@ -78,7 +77,7 @@ QTreeWidgetItem *BrowseRepair::makeSourceRow(const QTreeWidgetItem *listRow)
 {
     auto *row = new QTreeWidgetItem;
     row->setText(column::Name, listRow->text(0));
-    row->setToolTip(column::Name, plainTip(listRow->text(1)));
+    row->setToolTip(column::Name, listRow->text(1));
     row->setText(column::Path, listRow->text(1));
     row->setCheckState(column::Name, Qt::Checked);
     row->setSizeHint(column::Name, QSize(15, 15));

@@ -412,6 +412,8 @@ void TestDialogs::keyboardAndScreenReader()
         QTest::keyClick(focus, Qt::Key_Tab);
     }
     QCOMPARE(reached, QSet<QWidget *>(stops.begin(), stops.end()));
+    for (const QLabel *label : dialog->findChildren<QLabel *>()) // names of files may look like markup
+        QVERIFY2(label->textFormat() == Qt::PlainText, qPrintable(label->text()));
     QVERIFY(!dialog->windowTitle().isEmpty());
     QCOMPARE(QAccessible::queryAccessibleInterface(dialog.get())->text(QAccessible::Name), dialog->windowTitle());
 }

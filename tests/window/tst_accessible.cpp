@@ -174,6 +174,7 @@ private slots:
     void tabGoesThroughThePage_data();
     void tabGoesThroughThePage();
     void unseenRowsHaveNoButton();
+    void namesAreNoMarkup();
     void keys_data();
     void keys();
     void textsFit_data();
@@ -247,6 +248,24 @@ void TestAccessible::unseenRowsHaveNoButton()
     QVERIFY(room.rowButton("b.jpg")->isVisible());
     const QAbstractButton *none = room.rowButton("gone.jpg");
     QVERIFY(!none || !none->isVisible());
+}
+
+void TestAccessible::namesAreNoMarkup()
+{
+    WindowRoom room;
+    const QString path = room.source("<img src=x>/<b>.jpg", photos::plain());
+    room.add({path});
+    const QPoint place(60, room.list()->visualItemRect(room.list()->topLevelItem(0)).center().y());
+    QHelpEvent hover(QEvent::ToolTip, place, room.list()->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(room.list()->viewport(), &hover);
+    bool seen = false;
+    for (const QWidget *widget : QApplication::allWidgets()) {
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        if (!label || !(label->isVisible() || room.window->isAncestorOf(label))) continue;
+        QVERIFY2(label->textFormat() == Qt::PlainText, qPrintable(label->text()));
+        seen = seen || (label->inherits("QTipLabel") && label->text() == path);
+    }
+    QVERIFY(seen);
 }
 
 void TestAccessible::keys_data()

@@ -9,7 +9,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QTextDocument>
 #include <QTextEdit>
 
 namespace {
@@ -122,7 +121,7 @@ void TestWindowFindings::words()
         QVERIFY(output->data(column::Type, Qt::AccessibleTextRole).toString().contains(state));
     }
     const QString tip = output->toolTip(column::Name);
-    QVERIFY2(tip.contains(Qt::mightBeRichText(tip) ? "&lt;b&gt;a.jpg: " : "<b>a.jpg: "), qPrintable(tip));
+    QVERIFY2(tip.contains("<b>a.jpg: "), qPrintable(tip));
     QCOMPARE(details(room, room.row("<b>a.jpg")).contains("It opens as it is."), report.sourceHealthy);
 }
 
