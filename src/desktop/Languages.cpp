@@ -59,6 +59,7 @@ void install(const Language &language)
 }
 
 const QString kLanguageKey = QStringLiteral("LanguageType");
+const QString kChoiceKey = QStringLiteral("ChosenLanguage");
 
 } // namespace
 
@@ -110,12 +111,16 @@ int storedLanguage()
 {
     bool isNumber = false;
     const int number = linkFile::value(pApp->strLinkPlistPath, kLanguageKey).toInt(&isNumber);
-    return isNumber ? number : kNoLanguage;
+    if (!isNumber) return kNoLanguage;
+    // The number doesn't tell Chinese from Japanese. A sibling tool that has changed it since has the last word.
+    const Language *chosen = languageOf(linkFile::value(pApp->strLinkPlistPath, kChoiceKey).toInt(&isNumber));
+    return isNumber && chosen && chosen->chosenNumber == number ? chosen->number : number;
 }
 
-void storeLanguage(int number)
+void storeLanguage(const Language &language)
 {
-    linkFile::store(pApp->strLinkPlistPath, kLanguageKey, number);
+    linkFile::store(pApp->strLinkPlistPath, kLanguageKey, language.chosenNumber);
+    linkFile::store(pApp->strLinkPlistPath, kChoiceKey, language.number);
 }
 
 void LanguageSettingsInOtherApps(int number)

@@ -57,10 +57,11 @@ const Language *currentLanguage();
 /// Clears the flags of `pApp` and sets that of language `number`, none outside of 0 to 6. A build fixed to Chinese sets
 /// Chinese whatever the number.
 void setLanguageFlags(int number);
-/// The number kept under "LanguageType" in the file `pApp->strLinkPlistPath`; -2147483648 if there is none.
+/// The number of the language that was chosen last, as the file `pApp->strLinkPlistPath` has it under "ChosenLanguage"; the
+/// one under "LanguageType", which the sibling tools share, where that was changed since; -2147483648 if there is none.
 int storedLanguage();
-/// Stores `number` under "LanguageType" in the program's own settings.
-void storeLanguage(int number);
+/// Stores the choice of `language` under both keys of the program's own settings.
+void storeLanguage(const Language &language);
 /// Stores it in the settings of the sibling tools, so that the family of programs keeps one language.
 void LanguageSettingsInOtherApps(int number);
 /// Loads and installs the two translators of the current language, and leaves their folder in `TranslatorPath`. A file

@@ -83,7 +83,7 @@ void BrowseRepair::loadLanguage(int number, void (BrowseRepair::*updateChecks)()
 {
     const Language &language = languages()[number];
     setLanguageFlags(number);
-    storeLanguage(language.chosenNumber);
+    storeLanguage(language);
     LanguageSettingsInOtherApps(language.chosenNumber);
     (this->*updateChecks)();
     changeTranslators();

@@ -135,6 +135,8 @@ void TestStart::storedLanguage_data()
     QTest::newRow("no file") << QByteArray() << kUnset;
     QTest::newRow("no key") << QByteArray("[General]\nKBName=x\n") << kUnset;
     QTest::newRow("Italian") << QByteArray("[General]\nLanguageType=3\n") << 3;
+    QTest::newRow("Chinese, not Japanese") << QByteArray("[General]\nLanguageType=5\nChosenLanguage=6\n") << 6;
+    QTest::newRow("changed by a sibling") << QByteArray("[General]\nLanguageType=3\nChosenLanguage=6\n") << 3;
     QTest::newRow("no such language") << QByteArray("[General]\nLanguageType=9\n") << 9;
     QTest::newRow("no number") << QByteArray("[General]\nLanguageType=French\n") << kUnset;
     QTest::newRow("rubbish") << QByteArray("\0\xFF[[=\n", 6) << kUnset;
@@ -160,7 +162,7 @@ void TestStart::ownSettings()
     QFile::setPermissions(shipped, QFile::ReadOwner);
     pApp->strLinkPlistPath = shipped;
     QCOMPARE(::storedLanguage(), 0);
-    storeLanguage(4);
+    storeLanguage(languages()[4]);
     QCOMPARE(::storedLanguage(), 4);
     QCOMPARE(linkFile::text("KBName"), QString("base"));
     const QString own = linuxSystem.userSettingsFile(shipped);
