@@ -5,7 +5,6 @@
 #include "engine/RepairReport.h"
 
 #include <QHash>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -226,7 +225,7 @@ public:
     bool bCameraData = false;                ///< saved copies get the camera's data back; the main thread's own
     RepairReport report;                     ///< what was done for the current file and why
     QHash<QString, QString> mapWorkingNames; ///< source path -> name in the working folder, for this run
-    QSet<QString> setWorkingNames;           ///< those names
+    QHash<QString, QString> mapNameOwners;   ///< name in the working folder -> source path, for this run
 };
 
 extern KesmiraApp *const pApp;

@@ -86,6 +86,11 @@ void setWorkingRoot(const QString &path)
     namedRoot() = path.isEmpty() ? QString() : absolutePath(path);
 }
 
+bool rootIsNamed()
+{
+    return !namedRoot().isEmpty();
+}
+
 QString prepareWorkingRoot()
 {
     const QString root = workingRoot();

@@ -7,6 +7,8 @@
 /// given to setWorkingRoot comes before all of them.
 QString workingRoot();
 void setWorkingRoot(const QString &path);
+/// True for a root given to setWorkingRoot, which may hold files of the user's.
+bool rootIsNamed();
 
 /// Makes the root with mode 0700 and checks that it is a folder of this user's that nobody else may enter, and no link.
 /// A root given to setWorkingRoot may be a folder that others can enter, but not write.

@@ -186,7 +186,7 @@ void BatchRun::writeReadable(SourceResult &result)
     if (!m_options.readable || !isHeicName(result.outcome.source)) return;
     result.wantsReadable = true;
     for (const OutputRow &row : qAsConst(result.rows.rows)) {
-        const QString name = readableName(row.name);
+        const QString name = outputName(result.outcome.source, readableName(row.name));
         const QString problem = writeReadingCopy(row.path, heicFolder() + name);
         if (problem.isEmpty()) {
             result.readable.append(name);
@@ -255,6 +255,10 @@ void BatchRun::save()
         return;
     }
     for (const SavedRow &row : outcome.rows) {
+        if (row.sparesOriginal)
+            complain(QStringLiteral("'%1' was saved as '%2'; a file to repair has its name there")
+                         .arg(row.name, QFileInfo(row.target).fileName()),
+                     0);
         if (row.result != SaveResult::Failed) continue;
         complain(QStringLiteral("'%1' was not saved: %2").arg(row.name, row.error), 0);
         m_failed = true;
@@ -292,7 +296,7 @@ int BatchRun::run()
     }
     const SourceList sources = collectSources(m_options.sources);
     for (const QString &problem : sources.problems) complain(problem, 0);
-    if (!beginRun()) {
+    if (!beginRun(sources.files, m_options.sample)) {
         return complain(QStringLiteral("the working folder can't be used"), exitStatus::CouldNotWork);
     }
     if (StopSignals::seen()) setFlag(pApp->bStopRepair, true); // the start of the run has cleared it

@@ -110,7 +110,7 @@ bool isFlawless(const Verdict &verdict)
 
 bool writeWhole(const QString &path, const QByteArray &bytes)
 {
-    FILE *file = createFile(path);
+    FILE *file = createOutput(path);
     if (!file) return false;
     writeBytes(file, bytes.constData(), bytes.size());
     return closeFile(file);
@@ -126,11 +126,12 @@ DeepRoad::DeepRoad(const QStringList &sources)
 QString DeepRoad::freeName(const QString &source) const
 {
     // The working name, so that two sources of one name have two salvaged pictures.
-    const QString base = QFileInfo(workingName(source)).completeBaseName() + QLatin1String("_salvaged.jpg");
+    const QString base =
+        fittingName({}, QFileInfo(workingName(source)).completeBaseName() + QLatin1String("_salvaged.jpg"));
     QString name = base;
     for (int n = 1; m_sourceNames.contains(name.toLower()) || QFileInfo::exists(pApp->strTempDir + name); ++n)
-        name = QStringLiteral("Copy(%1)_").arg(n) + base;
-    return name;
+        name = fittingName(QStringLiteral("Copy(%1)_").arg(n), base);
+    return outputName(source, name);
 }
 
 void DeepRoad::run(FileOutcome &outcome, const std::function<void()> &began)
@@ -175,12 +176,12 @@ void DeepRoad::keep(FileOutcome &outcome, const salvage::Result &found) const
     const QString name = freeName(outcome.source);
     const QString path = pApp->strTempDir + name;
     if (!writeWhole(path, found.file)) {
-        QFile::remove(path);
+        dropFile(path);
         return;
     }
     const Verdict verdict = judgeJpeg(path);
     if (!verdict.decodes) {
-        QFile::remove(path);
+        dropFile(path);
         return;
     }
     report.name = name;

@@ -1,5 +1,6 @@
 #include "engine/OneFile.h"
 
+#include "app/Originals.h"
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
 #include "engine/Judge.h"
@@ -8,6 +9,7 @@
 #include "engine/heic/HeicRoad.h"
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
+#include "save/ScratchFolder.h"
 #include "save/WipeFolder.h"
 
 #include <QDir>
@@ -38,6 +40,7 @@ void forgetRecords()
 FileOutcome takeUp(const QString &path)
 {
     FileOutcome outcome;
+    addOriginal(path);
     outcome.source = path;
     outcome.suffix = QFileInfo(path).suffix();
     pApp->strCurrentPath = path;
@@ -97,8 +100,9 @@ void conclude(FileOutcome &outcome)
 
 } // namespace
 
-bool beginRun()
+bool beginRun(const QStringList &sources, const QString &sample)
 {
+    setOriginals(sample.isEmpty() ? sources : sources + QStringList(sample));
     for (bool *flag : {&pApp->bRepairRunning, &pApp->bOverwriteOnce, &pApp->bRenameOnce, &pApp->bStopRepair,
                        &pApp->bSkipCurrentFile, &pApp->bOverwriteAll, &pApp->bRenameAll, &pApp->bSkipAllFiles,
                        &pApp->bSaveCancelled, &pApp->bFolderRename, &pApp->bFileInProgress, &pApp->bFileListActive})
@@ -107,8 +111,6 @@ bool beginRun()
     pApp->nFileSize = 0;
     pApp->nInvalidCount = 0;
     pApp->nRepairOutputMode = 2;
-    pApp->mapWorkingNames.clear();
-    pApp->setWorkingNames.clear();
 
     pApp->strTempDirName = QStringLiteral("RepairedFiles");
     pApp->strTempDir = workingFolder();
@@ -117,9 +119,10 @@ bool beginRun()
     // The folder's name has a blank, so this finds nothing; the call above has been through it already.
     WipeFolder().WipeFile(QStringLiteral("RepairedFiles/Thumbnail_Repaired/"));
     forgetRecords();
+    reserveNames(sources);
     setFlag(pApp->bRepairRunning, true);
     startJudge(); // it is up by the time that the first file has been read
-    return workingFolderUsable();
+    return makeScratchFolder() && workingFolderUsable();
 }
 
 const QStringList &repairableSuffixes()
@@ -134,19 +137,6 @@ const QStringList &repairableSuffixes()
 bool isRawSuffix(const QString &suffix)
 {
     return !isJpeg(suffix) && repairableSuffixes().contains(suffix.toUpper());
-}
-
-QString workingName(const QString &path)
-{
-    auto &names = pApp->mapWorkingNames;
-    const auto known = names.constFind(path);
-    if (known != names.constEnd()) return *known;
-    const QString fileName = QFileInfo(path).fileName();
-    QString name = fileName;
-    for (int n = 1; pApp->setWorkingNames.contains(name); ++n) name = QStringLiteral("Copy(%1)_").arg(n) + fileName;
-    names.insert(path, name);
-    pApp->setWorkingNames.insert(name);
-    return name;
 }
 
 FileOutcome repairOneFile(const QString &path)
@@ -178,6 +168,7 @@ FileOutcome repairOneFile(const QString &path)
 
 FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path)
 {
+    addOriginal(samplePath);
     FileOutcome outcome = takeUp(path);
     pApp->strSamplePath = samplePath;
     outcome.statusCode = QLatin1String(status::Invalid);

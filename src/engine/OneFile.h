@@ -1,6 +1,7 @@
 // The road of one source file, for whoever drives a run: the window's worker and the batch program alike.
 #pragma once
 
+#include "engine/OutputNames.h"
 #include "engine/RepairReport.h"
 
 #include <QString>
@@ -28,8 +29,9 @@ struct FileOutcome
 };
 
 /// Makes the working folder of a run below the working root, wipes what an earlier run left there, and resets the run
-/// fields of `pApp`. False if the folder can't be made or used.
-bool beginRun();
+/// fields of `pApp`. `sources`, in their order, and `sample` are the run's originals, which nothing touches, wherever they
+/// lie; what isn't named here becomes one when it is taken up. False if a folder can't be made or used.
+bool beginRun(const QStringList &sources = {}, const QString &sample = {});
 
 /// Suffixes, in upper case, that repairOneFile knows a way for.
 const QStringList &repairableSuffixes();
@@ -42,7 +44,3 @@ FileOutcome repairOneFile(const QString &path);
 
 /// Repairs a file with a healthy sample; `statusCode` is Invalid: a row of the output is what lifts it.
 FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path);
-
-/// The name of a source in the working folder: its file name, with the prefix "Copy(n)_" where an earlier source of
-/// this run had the same name.
-QString workingName(const QString &path);

@@ -40,7 +40,7 @@ void copyTail(FileWindow &in, quint64 offset, FILE *out)
 bool judgeBuilt(FILE *built, RepairWay way, const QString &name)
 {
     if (!closeFile(built)) {
-        QFile::remove(pApp->strBuiltPath); // a full disk: half a picture would pass for a repaired one
+        dropFile(pApp->strBuiltPath); // a full disk: half a picture would pass for a repaired one
         return false;
     }
     const Verdict verdict = judgeJpeg(pApp->strBuiltPath);
@@ -167,7 +167,7 @@ bool jpg_repair::reRepairing(const QString &path)
     if (!entry.found && !entry.sawSegment) entry = findLast(in, jpeg::DQT);
     bool loads = false;
     if (entry.found) {
-        if (FILE *out = createFile(pApp->strBuiltPath)) {
+        if (FILE *out = createOutput(pApp->strBuiltPath)) {
             writeBytes(out, kStart, sizeof kStart);
             copyTail(in, entry.offset, out);
             loads = judgeBuilt(out, RepairWay::SecondWay, pApp->strFileName);
@@ -189,7 +189,7 @@ bool jpg_repair::ScanRefFile(const QString &samplePath, const QString &damagedPa
     if (!damaged.isOpen()) pApp->report.reason = RepairReason::Unreadable;
 
     bool loads = false;
-    if (FILE *out = createFile(pApp->strBuiltPath)) {
+    if (FILE *out = createOutput(pApp->strBuiltPath)) {
         if (bothOpen) {
             writeBytes(out, kStart, sizeof kStart);
             graftHeader(sample, out);

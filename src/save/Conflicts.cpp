@@ -2,7 +2,9 @@
 #include "save/SaveFile.h"
 
 #include "app/KesmiraApp.h"
+#include "engine/OutputNames.h"
 #include "save/ConflictPrompt.h"
+#include "save/FileCopy.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,12 +38,10 @@ QString folderProposal()
     }
 }
 
-QString fileProposal(const QString &path)
+QString fileProposal(const QString &path, const QString &name)
 {
-    QString candidate = pApp->strConflictName;
-    for (quint32 number = 1; isTaken(beside(path, candidate)); ++number) {
-        candidate = copyName(number, pApp->strConflictName);
-    }
+    QString candidate = name;
+    for (quint32 number = 1; isTaken(beside(path, candidate)); ++number) candidate = copyName(number, name);
     return candidate;
 }
 
@@ -70,7 +70,7 @@ void askAboutFile(const QString &path, ConflictPrompt &prompt)
     pApp->bOverwriteOnce = false;
     pApp->bRenameOnce = false;
     pApp->bSkipCurrentFile = false;
-    QString newName = fileProposal(path);
+    QString newName = fileProposal(path, pApp->strConflictName);
     switch (prompt.fileExists(pApp->strConflictName, newName)) {
     case FileAnswer::Overwrite: pApp->bOverwriteOnce = true; break;
     case FileAnswer::Rename:
@@ -99,6 +99,11 @@ void takeNextCopyName(const QString &path)
 }
 
 } // namespace
+
+QString freePathBeside(const QString &path)
+{
+    return beside(path, fileProposal(path, path.mid(path.lastIndexOf('/') + 1)));
+}
 
 bool SaveFile::SaveTree(const QString &folder, ConflictPrompt &prompt)
 {

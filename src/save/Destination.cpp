@@ -1,6 +1,7 @@
 #include "save/Destination.h"
 
 #include "app/KesmiraApp.h"
+#include "app/Originals.h"
 #include "app/WorkingRoot.h"
 #include "engine/OutputRows.h"
 #include "save/CameraData.h"
@@ -10,6 +11,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <cerrno>
 #include <sys/stat.h>
@@ -59,53 +61,119 @@ bool isFileName(const QString &name)
     return !name.isEmpty() && name != "." && name != ".." && !name.contains('/') && !name.contains(QChar(0));
 }
 
-/// The path to write an output to, "" if it is skipped, the save was called off or its new name can't be one (then with
-/// `error`). A typed name that is taken too is asked about in its turn.
-QString settleTarget(const QString &target, ConflictPrompt &prompt, QString &error)
+/// One save on its way.
+struct Saving
 {
-    QString settled = target;
-    const auto isTaken = [&settled] { return QFileInfo::exists(settled) || QFileInfo(settled).isSymLink(); };
+    QString base; ///< the run folder at the destination, with a trailing "/"
+    ConflictPrompt &prompt;
+    QSet<QString> written{}; ///< paths of what this save has written, in lower case: a card may know no other
+};
+
+struct Target
+{
+    QString path;  ///< "" if the output is skipped, the save was called off or its new name can't be one
+    QString error; ///< of the last of these
+    bool replaces = false;
+    bool sparesOriginal = false; ///< another name than the one asked for, as an original has that
+};
+
+/// Settles where an output goes. A typed name that is taken too is asked about in its turn. Neither a file that the run
+/// was given nor one that this save has written is ever replaced: the output gets the next free name.
+Target settleTarget(const QString &wanted, const Saving &saving)
+{
+    Target target{wanted, {}};
+    const auto isTaken = [&target] { return QFileInfo::exists(target.path) || QFileInfo(target.path).isSymLink(); };
     while (pApp->bFolderOverwrite && isTaken()) {
-        settled = SaveFile().CheckForFile_FolderNAME(settled, prompt);
-        if (settled.isEmpty()) return {};
+        target.path = SaveFile().CheckForFile_FolderNAME(target.path, saving.prompt);
+        if (target.path.isEmpty()) return target;
         if (!isFileName(pApp->strConflictName)) {
-            error = say(QT_TRANSLATE_NOOP("Saving", "'%1' can't be a file's name")).arg(pApp->strConflictName);
-            return {};
+            target.error = say(QT_TRANSLATE_NOOP("Saving", "'%1' can't be a file's name")).arg(pApp->strConflictName);
+            target.path.clear();
+            return target;
         }
+        target.replaces = pApp->bOverwriteAll || pApp->bOverwriteOnce;
         if (!pApp->bRenameOnce) break;
     }
-    return settled;
+    if (!isTaken()) return target;
+    target.sparesOriginal = isOriginal(target.path);
+    if (!target.replaces || target.sparesOriginal || saving.written.contains(target.path.toLower())) {
+        target.path = freePathBeside(target.path);
+        target.replaces = false;
+    }
+    return target;
 }
 
-SavedRow saveOne(const QString &name, const QString &base, ConflictPrompt &prompt, const QString &cameraSource)
+/// Permissions for the copy of an output: those of the file that it was made from, so that what was private stays so.
+mode_t modeOfCopy(const QString &name)
+{
+    constexpr mode_t kOwn = 0600;
+    constexpr mode_t kAll = 0666;
+    struct stat info = {};
+    const QString source = sourceOfOutput(name);
+    if (source.isEmpty() || ::stat(QFile::encodeName(source).constData(), &info) != 0) return kAll;
+    return (info.st_mode & kAll) | kOwn;
+}
+
+/// Another run may take a name between the look at it and the copy; then the next one is tried.
+int copyTo(Target &target, const CopySource &copy, const QString &wanted, const Saving &saving)
+{
+    int error = EEXIST;
+    for (int tries = 0; error == EEXIST && !target.path.isEmpty() && tries < 1000; ++tries) {
+        if (tries > 0) target = settleTarget(wanted, saving);
+        if (target.path.isEmpty()) break;
+        error = target.replaces ? replaceByCopy(copy, target.path) : copyToNewFile(copy, target.path);
+    }
+    return error;
+}
+
+SavedRow saveOne(const QString &name, Saving &saving, const QString &cameraSource)
 {
     SavedRow row;
     row.name = name;
     pApp->strConflictName = name;
-    const QString place = destinationPlace(name);
+    const QString wanted = saving.base + destinationPlace(name);
     const QString source = outputPath(name);
-    const QString target = settleTarget(base + place, prompt, row.error);
     ++pApp->nSavedCount;
+    if (source.isEmpty() || QFileInfo(source).size() == 0) {
+        row.error = source.isEmpty()
+            ? say(QT_TRANSLATE_NOOP("Saving", "the repaired file is gone from the working folder"))
+            : say(QT_TRANSLATE_NOOP("Saving", "the repaired file is empty"));
+        return row;
+    }
+    const InsertedBytes data = cameraSource.isEmpty() ? InsertedBytes() : cameraDataOfFiles(source, cameraSource);
+    const CopySource copy{source, data, modeOfCopy(name)};
+    Target target = settleTarget(wanted, saving);
+    const int error = copyTo(target, copy, wanted, saving);
+    row.error = target.error;
     if (pApp->bSaveCancelled)
         row.error = say(QT_TRANSLATE_NOOP("Saving", "the question about it was closed without an answer"));
     if (!row.error.isEmpty()) return row;
-    const InsertedBytes data = cameraSource.isEmpty() ? InsertedBytes() : cameraDataOfFiles(source, cameraSource);
-    if (target.isEmpty()) {
-        const bool same = isCopy(source, base + place, data);
-        row.result = same ? SaveResult::Identical : SaveResult::Skipped;
+    if (target.path.isEmpty()) {
+        row.result = isCopy(copy, wanted) ? SaveResult::Identical : SaveResult::Skipped;
         return row;
     }
-    if (source.isEmpty()) {
-        row.error = say(QT_TRANSLATE_NOOP("Saving", "the repaired file is gone from the working folder"));
-        return row;
-    }
-    const bool replaces = pApp->bOverwriteAll || pApp->bOverwriteOnce;
-    row.error = replaces ? replaceByCopy(source, target, data) : copyToNewFile(source, target, data);
+    row.error = copyProblem(target.path, error);
     if (!row.error.isEmpty()) return row;
+    saving.written.insert(target.path.toLower());
     row.result = SaveResult::Saved;
-    row.target = target;
+    row.target = target.path;
+    row.sparesOriginal = target.sparesOriginal;
     row.cameraData = !data.bytes.isEmpty();
     return row;
+}
+
+/// Makes the new names last. What a failing medium may lose has not been saved.
+void syncFolders(SaveOutcome &outcome)
+{
+    QHash<QString, int> errors;
+    for (SavedRow &row : outcome.rows) {
+        if (row.result != SaveResult::Saved) continue;
+        const QString folder = row.target.left(row.target.lastIndexOf('/'));
+        if (!errors.contains(folder)) errors.insert(folder, syncFolder(folder));
+        if (errors[folder] == 0) continue;
+        row.result = SaveResult::Failed;
+        row.error = copyProblem(row.target, errors[folder]);
+    }
 }
 
 bool isJpegName(const QString &name)
@@ -179,16 +247,16 @@ SaveOutcome copyOutputs(const QString &workDir, const QStringList &names, Confli
         outcome.error = missingFolderProblem(outcome.folder);
         return outcome;
     }
+    for (const char *below : {"", "Thumbnail Repaired", "HEIC_Repaired"}) removeLeftParts(base + below);
+    Saving saving{base, prompt};
     for (const QString &name : names) {
         if (!pApp->bSaveCancelled)
-            outcome.rows.append(saveOne(name, base, prompt, cameraSources.value(name)));
+            outcome.rows.append(saveOne(name, saving, cameraSources.value(name)));
         else
-            outcome.rows.append({name,
-                                 SaveResult::Failed,
-                                 {},
-                                 say(QT_TRANSLATE_NOOP("Saving", "the save was called off before it")),
-                                 false});
+            outcome.rows.append(
+                {name, SaveResult::Failed, {}, say(QT_TRANSLATE_NOOP("Saving", "the save was called off before it"))});
     }
+    syncFolders(outcome);
     pApp->bFolderOverwrite = false;
     outcome.cancelled = pApp->bSaveCancelled;
     return outcome;

@@ -20,9 +20,10 @@ struct SavedRow
 {
     QString name;
     SaveResult result = SaveResult::Failed;
-    QString target;          ///< where it was written; empty unless saved
-    QString error;           ///< one line; empty unless failed
-    bool cameraData = false; ///< the camera's data were put into the copy
+    QString target{};            ///< where it was written; empty unless that was tried to its end
+    QString error{};             ///< one line; empty unless failed
+    bool cameraData = false;     ///< the camera's data were put into the copy
+    bool sparesOriginal = false; ///< saved under another name, as a file that the run was given has the one wanted
 };
 
 /// Output's name -> the damaged file whose camera data its saved copy gets; see save/CameraData.h.
@@ -45,8 +46,8 @@ QString destinationProblem(const QString &folder);
 
 /// Saves the outputs `names` of the current run below `folder`, an existing one: FOLDER/RepairedFiles/ for main images,
 /// and below that "Thumbnail Repaired/" and "HEIC_Repaired/". Asks `prompt` where the run folder exists, and, once that
-/// was answered with Overwrite, for each file that exists. A file is created exclusively or replaced as a whole, so one
-/// that can't be written leaves what stood there. Takes the three steps below.
+/// was answered with Overwrite, for each file that exists. A copy comes whole or not at all, never takes the place of a
+/// file that the run was given, and has the permissions of the file that it was made from. Takes the three steps below.
 SaveOutcome saveOutputs(const QString &folder, const QStringList &names, ConflictPrompt &prompt,
                         const CameraSources &cameraSources = {});
 

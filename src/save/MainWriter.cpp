@@ -1,28 +1,14 @@
 // SaveFile: the road of one image from the chain to the working folder, and the writer of an ordinary JPEG.
 
-#include "app/WorkingRoot.h"
 #include "engine/Wholeness.h"
 #include "save/SaveFile.h"
 #include "save/ScratchFile.h"
+#include "save/ScratchFolder.h"
 #include "save/SkipFlags.h"
-#include "save/WipeFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
-
-namespace {
-
-const QLatin1String kMainPrefix("Vorlane");
-
-/// The file's name as far as it fits behind the prefix: a source's own may take all that a file system allows.
-QString scratchName()
-{
-    QString name = pApp->strFileName;
-    while (QFile::encodeName(name).size() > 255 - kMainPrefix.size()) name.remove(0, 1);
-    return kMainPrefix + name;
-}
-
-} // namespace
+#include <QScopeGuard>
 
 void SaveFile::setStates(bool nestedWriter)
 {
@@ -36,7 +22,7 @@ void SaveFile::setStates(bool nestedWriter)
 
 int SaveFile::finish()
 {
-    WipeFolder().WipeFile(QStringLiteral("Vorlane"));
+    wipeScratchFolder();
     pApp->nThumbPass = 0;
     return 1;
 }
@@ -74,8 +60,6 @@ bool SaveFile::writeMain(bool sequenceHolds, const QString &invalidMark)
         buildAndCopy(output, [this](FILE *out) {
             bFromNestedWriter ? SaveStart_newFormatRaw(out) : SaveStart_newFormat(out, 0);
         });
-        // No wipe of the scratch folder reaches this one: its name begins with the folder's and lies beside it.
-        WipeFolder().ActuallyFileWipe(output.scratch);
         return true;
     }
     pApp->report.headerBroken = true;
@@ -88,7 +72,7 @@ bool SaveFile::writeMain(bool sequenceHolds, const QString &invalidMark)
 SaveFile::Output SaveFile::mainOutput() const
 {
     Output output;
-    output.scratch = scratchRoot() + QLatin1Char('/') + scratchName();
+    output.scratch = scratchFolder() + QLatin1Char('/') + pApp->strFileName;
     output.path = pApp->strRepairedPath;
     output.name = pApp->strFileName;
     output.way = RepairWay::Main;
@@ -101,12 +85,14 @@ SaveFile::Output SaveFile::mainOutput() const
 /// True if the rebuilt image decodes.
 bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE *)> &write)
 {
-    QDir().mkdir(scratchRoot() + QLatin1String("/Vorlane"));
+    QDir().mkdir(scratchFolder());
     pApp->strBuiltPath = output.scratch;
+    // No told wipe comes soon: a stream of thousands would fill the disk twice over.
+    const auto wipe = qScopeGuard([&output] { dropFile(output.scratch); });
     if (FILE *scratch = createFile(output.scratch)) {
         if (!skippingThisFile()) write(scratch);
         // On a full disk the head of a picture could pass for all of it.
-        if (!closeFile(scratch)) QFile::remove(output.scratch);
+        if (!closeFile(scratch)) dropFile(output.scratch);
     }
     const Verdict verdict = judgeJpeg(output.scratch);
     if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
@@ -116,12 +102,12 @@ bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE 
             recordFailure(output.failureText, output.failureState, output.path, output.name + output.failureMark);
         return false;
     }
-    FILE *copy = createFile(output.path);
+    FILE *copy = createOutput(output.path);
     if (!copy) return true;
     const bool wanted = !skippingThisFile();
     if (wanted) output.wholeCopy ? SaveExactCopy_new_org(copy) : SaveExactCopy_new(copy);
     if (!closeFile(copy)) {
-        QFile::remove(output.path); // a full disk: half a picture would pass for a repaired one
+        dropFile(output.path); // a full disk: half a picture would pass for a repaired one
         return true;
     }
     if (!wanted) return true;

@@ -1,9 +1,9 @@
 // SaveFile: the images nested in a JPEG, each by way of a working copy of its own.
 
-#include "app/WorkingRoot.h"
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
 #include "save/ScratchFile.h"
+#include "save/ScratchFolder.h"
 #include "save/SkipFlags.h"
 
 #include <QDir>
@@ -21,7 +21,7 @@ bool isOneImage(qint32 marks)
 SaveFile::Output SaveFile::nestedOutput(const QString &name, const QString &path) const
 {
     Output output;
-    output.scratch = scratchRoot() + QLatin1String("//Vorlane//") + name;
+    output.scratch = scratchFolder() + QLatin1String("//") + name;
     output.path = path;
     output.name = name;
     if (pApp->bThumbOnlyMode) {
@@ -38,12 +38,12 @@ SaveFile::Output SaveFile::nestedOutput(const QString &name, const QString &path
 
 FILE *SaveFile::openWorkingCopy()
 {
-    const QString folder = scratchRoot() + QLatin1String("//Vorlane//");
+    const QString folder = scratchFolder() + QLatin1String("//");
     QDir().mkdir(folder);
     if (pApp->bThumbOnlyMode) pApp->bWorkOnTempCopy = false;
     pApp->strTempCopyPath = folder + QLatin1String("temp.jpg");
     pApp->nThumbPass = 1;
-    FILE *out = createFile(pApp->strTempCopyPath);
+    FILE *out = createOutput(pApp->strTempCopyPath); // the last image's is done with
     if (out) pApp->bWorkOnTempCopy = true;
     return out;
 }

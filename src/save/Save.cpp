@@ -2,6 +2,7 @@
 
 #include "app/StopFlag.h"
 #include "engine/Markers.h"
+#include "engine/OutputNames.h"
 #include "save/SaveFile.h"
 
 #include <QDir>
@@ -106,14 +107,15 @@ bool SaveFile::chooseStreamBranch()
     return true;
 }
 
-QString SaveFile::nestedName(int number) const
+QString SaveFile::nestedName(int number, const QString &front) const
 {
     // Only these two spellings count as the long extension; any other name loses four characters, whatever they are.
     const QString &name = pApp->strFileName;
     const QString tail = name.right(3);
     const bool isLong = tail == QLatin1String("PEG") || tail == QLatin1String("peg");
-    return name.chopped(qMin(name.size(), isLong ? 5 : 4)) + QStringLiteral("_[T%1]").arg(number)
+    const QString told = name.chopped(qMin(name.size(), isLong ? 5 : 4)) + QStringLiteral("_[T%1]").arg(number)
         + QLatin1String(isLong ? ".jpeg" : ".jpg");
+    return outputName(pApp->strCurrentPath, told, front);
 }
 
 void SaveFile::nameOutputs()
@@ -143,9 +145,10 @@ void SaveFile::nameOutputs()
             pApp->strThumb1Path = pApp->strTempDir + QLatin1String("Thumbnail Repaired/") + pApp->strThumb1Name;
             if (twoImages) {
                 nOutputIndex = 3;
-                pApp->strThumb2Name = nestedName(2);
                 // No separator: the second thumbnail lies in the working folder itself, under a name that begins so.
-                pApp->strThumb2Path = pApp->strTempDir + QLatin1String("Thumbnail Repaired") + pApp->strThumb2Name;
+                const QLatin1String front("Thumbnail Repaired");
+                pApp->strThumb2Name = nestedName(2, front);
+                pApp->strThumb2Path = pApp->strTempDir + front + pApp->strThumb2Name;
             }
             pApp->strThumbFolder = pApp->strTempDir + QLatin1String("/Thumbnail Repaired/");
             QDir().mkdir(pApp->strThumbFolder);

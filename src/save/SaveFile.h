@@ -101,7 +101,7 @@ private:
     void countMarks();
     bool chooseStreamBranch();
     void nameOutputs();
-    QString nestedName(int number) const;
+    QString nestedName(int number, const QString &front = {}) const;
 
     void setStates(bool nestedWriter);
     int finish();

@@ -2,6 +2,7 @@
 
 #include "app/KesmiraApp.h"
 #include "engine/FileWindow.h"
+#include "save/WipeFolder.h"
 
 #include <QFile>
 
@@ -28,7 +29,6 @@ void noteLoss(int error)
 FILE *createFile(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
-    ::unlink(name.constData());
     const int fd = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (fd < 0) {
         noteLoss(errno);
@@ -41,6 +41,17 @@ FILE *createFile(const QString &path)
     }
     std::setvbuf(file, nullptr, _IOFBF, kStreamBuffer);
     return file;
+}
+
+FILE *createOutput(const QString &path)
+{
+    dropFile(path);
+    return createFile(path);
+}
+
+void dropFile(const QString &path)
+{
+    WipeFolder().ActuallyFileWipe(path);
 }
 
 bool closeFile(FILE *file)

@@ -7,10 +7,15 @@
 
 class FileWindow;
 
-/// Creates `path` anew for writing and reading ("wb+"), mode 0600. What stood there is removed first, a link itself and
-/// not its target. Null if it can't be made; notes a full disk in the report of `pApp`.
+/// Creates `path` for writing and reading ("wb+"), mode 0600. Null if it can't be made, or if anything stands there; notes
+/// a full disk in the report of `pApp`.
 FILE *createFile(const QString &path);
-/// Closes a file made by createFile. False, with the report of `pApp` saying disk-full, if bytes were lost.
+/// The same for an output in the working folder, whose earlier form goes first: a file is wiped, of a link the link itself.
+/// Null where an original lies.
+FILE *createOutput(const QString &path);
+/// Wipes the file at `path`, unless it is an original.
+void dropFile(const QString &path);
+/// Closes a file made by one of these. False, with the report of `pApp` saying disk-full, if bytes were lost.
 bool closeFile(FILE *file);
 /// Appends or overwrites at the current position.
 void writeBytes(FILE *out, const void *bytes, qint64 count);

@@ -7,7 +7,6 @@
 #include "save/SaveFile.h"
 #include "save/ScratchFile.h"
 #include "save/SkipFlags.h"
-#include "save/WipeFolder.h"
 
 #include <QDir>
 
@@ -79,7 +78,6 @@ bool SaveFile::writeStreamImage(jpg_repair &engine, int index)
     const Output output = nestedOutput(pApp->strThumb1Name, pApp->strThumb1Path);
     const bool decodes = buildAndCopy(output, [this](FILE *out) { SaveStart_newFormatRaw(out); });
     m_streamRefusals = decodes ? 0 : m_streamRefusals + 1;
-    WipeFolder().ActuallyFileWipe(output.scratch); // a stream of thousands would fill the disk twice over
     engine.EmptyMemoryAllocationRaw();
     return true;
 }

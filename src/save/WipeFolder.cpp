@@ -1,5 +1,6 @@
 #include "save/WipeFolder.h"
 
+#include "app/Originals.h"
 #include "app/WorkingRoot.h"
 
 #include <QByteArray>
@@ -56,11 +57,26 @@ bool WipeFolder::DirFileWipe(const QString &path)
     return true;
 }
 
+bool WipeFolder::removeTree(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    if (kindOf(name) != S_IFDIR) {
+        ActuallyFileWipe(path);
+    } else {
+        const QStringList names =
+            QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
+        for (const QString &below : names) removeTree(path + '/' + below);
+        ::rmdir(name.constData());
+    }
+    return kindOf(name) == 0;
+}
+
 bool WipeFolder::ActuallyFileWipe(const QString &path)
 {
     nWiped = 0;
     const QByteArray name = QFile::encodeName(path);
     const mode_t kind = kindOf(name);
+    if (isOriginal(path)) return true;
     if (kind != S_IFREG && kind != S_IFLNK) return true;
     if (kind == S_IFREG) {
         const int fd = ::open(name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);

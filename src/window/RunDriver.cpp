@@ -38,7 +38,7 @@ void BrowseRepair::runDriver()
 
 void BrowseRepair::RepairJpegFile()
 {
-    beginRun();
+    beginRun(pathsOf(m_plan));
     if (m_leaving) setFlag(pApp->bStopRepair, true); // the line above has lowered it
     postToRun([this] { showRunStart(); });
 

@@ -3,6 +3,7 @@
 #include "app/KesmiraApp.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -23,6 +24,12 @@ public:
         case SaveResult::Failed: break;
         }
         return row.name + QLatin1String(": ") + row.error;
+    }
+
+    static QString spared(const SavedRow &row)
+    {
+        return tr("%1 was saved as %2, for one of the photos to repair has that name there.")
+            .arg(row.name, QFileInfo(row.target).fileName());
     }
 
     static QString shortfall(int saved, int all) { return tr("%1 of %2 files were saved.").arg(saved).arg(all); }
@@ -48,7 +55,9 @@ SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &could
     int saved = 0;
     int with = 0;
     int without = 0;
+    QStringList notes;
     for (const SavedRow &row : outcome.rows) {
+        if (row.result == SaveResult::Saved && row.sparesOriginal) notes << Words::spared(row);
         if (row.result == SaveResult::Saved) ++saved;
         if (row.cameraData) ++with;
         if (row.result == SaveResult::Saved && !row.cameraData && couldTake.contains(row.name)) ++without;
@@ -56,7 +65,9 @@ SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &could
         if (!problem.isEmpty()) report.problems << problem;
     }
     if (!report.problems.isEmpty()) report.shortfall = Words::shortfall(saved, outcome.rows.size());
-    report.note = Words::note(with, without);
+    notes << Words::note(with, without);
+    notes.removeAll(QString());
+    report.note = notes.join('\n');
     report.anySaved = saved > 0;
     return report;
 }

@@ -92,6 +92,7 @@ const QVector<ListedException> &listedExceptions()
         {"app/KesmiraApp.h", "engine/RepairReport.h", "plain data that the application object holds"},
         {"engine/", "save/SaveFile.h", "the dispatch hands the walked chain to the writer"},
         {"engine/", "save/WipeFolder.h", "a run begins where the results of the last one are wiped"},
+        {"engine/", "save/ScratchFolder.h", "and makes its own folder for scratch"},
         {"engine/", "save/ScratchFile.h",
          "the second way, the sample rebuild and the raw scanners write files of their own"},
     };

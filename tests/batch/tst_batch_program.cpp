@@ -22,6 +22,7 @@ private slots:
     void outputThatCantBeWritten();
     void readerThatGoesAway();
     void bareLocale();
+    void runsSideBySide();
     void foreignBytesOnTheCommandLine();
     void signalEndsALongRun_data();
     void signalEndsALongRun();
@@ -105,6 +106,16 @@ void TestBatchProgram::bareLocale()
     QCOMPARE(m_process.exitCode(), 0);
     QVERIFY(m_process.readAllStandardOutput().contains("\"source\":\"" + name.toUtf8() + '"'));
     QVERIFY(QFile::exists(m_dir->filePath("out/RepairedFiles/" + name)));
+}
+
+void TestBatchProgram::runsSideBySide()
+{
+    shell("for i in $(seq 20); do $KB --to out a.jpg > said$i 2>&1 & p=\"$p $!\"; done;"
+          "for i in $p; do wait $i || exit 1; done");
+    QCOMPARE(m_process.exitCode(), 0);
+    const QDir out(m_dir->filePath("out/RepairedFiles"));
+    QCOMPARE(out.entryList(QDir::Files | QDir::Hidden).size(), 20);
+    for (const QFileInfo &file : out.entryInfoList(QDir::Files)) QVERIFY(file.size() > 500);
 }
 
 void TestBatchProgram::foreignBytesOnTheCommandLine()

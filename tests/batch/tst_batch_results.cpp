@@ -15,6 +15,7 @@
 
 #include <csignal>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 class TestBatchResults : public QObject
@@ -34,6 +35,7 @@ private slots:
     void savesTwice();
     void overwriteAndSkipFaceForeignFiles_data();
     void overwriteAndSkipFaceForeignFiles();
+    void originalsStay();
     void failedSaveShows();
     void rawFilesOfAFolder();
     void samplePass();
@@ -114,6 +116,27 @@ void TestBatchResults::overwriteAndSkipFaceForeignFiles()
     const BatchCall again({path("in"), "--to", path("out"), "--on-conflict", answer});
     QVERIFY2(again.out.contains("0 saved, 1 skipped, 1 identical, 0 failed.\n"), qPrintable(again.out));
     QVERIFY2(again.out.contains("\n  b.jpg: identical\n"), qPrintable(again.out));
+}
+
+/// Wherever the originals of a run lie, and under whatever second names, they stay as they are.
+void TestBatchResults::originalsStay()
+{
+    QCOMPARE(BatchCall({"--work", path("work"), path("in")}).status, 0);
+    QStringList originals = {path("ow/RepairedFiles/a.jpg"), path("work/Vorlanea.jpg"), path("second.jpg"),
+                             path("work/RepairedFiles/bad.jpg")};
+    for (const QString &name : originals) write(name, cameraJpeg(2));
+    write(path("bad.jpg"), headless(1));
+    QVERIFY(QDir().mkpath(path("work/Vorlane")));
+    for (const char *name : {"work/RepairedFiles/c.jpg", "work/Vorlane/temp.jpg"}) {
+        QCOMPARE(::link(qPrintable(path("second.jpg")), qPrintable(path(name))), 0);
+        originals << path(name);
+    }
+    const BatchCall call({"--json", "--work", path("work"), "--on-conflict", "overwrite", "--to", path("ow"),
+                          "--sample", originals[3], path("in/a.jpg"), path("in/b.jpg"), originals[0], originals[1],
+                          originals[2], path("bad.jpg")});
+    QCOMPARE(call.status, 0);
+    QVERIFY2(call.err.contains("'a.jpg' was saved as 'Copy("), qPrintable(call.err));
+    for (const QString &name : originals) QCOMPARE(contents(name), cameraJpeg(2));
 }
 
 void TestBatchResults::failedSaveShows()

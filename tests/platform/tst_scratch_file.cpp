@@ -1,6 +1,7 @@
 // Files of a run: how they are made, how a loss shows, and the copies that keep what a buffer held.
 
 #include "app/KesmiraApp.h"
+#include "app/Originals.h"
 #include "engine/FileWindow.h"
 #include "save/ScratchFile.h"
 #include "support/ByteSource.h"
@@ -73,7 +74,7 @@ QByteArray TestScratchFile::copied(const QByteArray &source, int blockSize, quin
     ByteSource bytes(source);
     FileWindow window(bytes, blockSize);
     const QString path = m_dir->filePath("copy");
-    FILE *out = createFile(path);
+    FILE *out = createOutput(path);
     blockCopy(window, offset, count, out);
     if (fileLength(out) != count || !closeFile(out)) return "(lost)";
     return contents(path);
@@ -161,7 +162,15 @@ void TestScratchFile::createsAnew()
     if (before == "link") QVERIFY(QFile::link(target, path));
     if (before == "dead") QVERIFY(QFile::link(m_dir->filePath("nowhere"), path));
 
-    FILE *file = createFile(path);
+    // Scratch is only made where nothing stands, and an original is never replaced.
+    if (!before.isEmpty()) {
+        QVERIFY(!createFile(path));
+        setOriginals({path});
+        QVERIFY(!createOutput(path));
+        dropFile(path);
+        setOriginals({});
+    }
+    FILE *file = createOutput(path);
     QVERIFY(file);
     writeBytes(file, "abcdef", 6);
     QCOMPARE(std::fseek(file, 2, SEEK_SET), 0);
@@ -180,7 +189,7 @@ void TestScratchFile::createsAnew()
 void TestScratchFile::refusesFolders()
 {
     QVERIFY(QDir(m_dir->path()).mkdir("folder"));
-    QVERIFY(!createFile(m_dir->filePath("folder")));
+    QVERIFY(!createOutput(m_dir->filePath("folder")));
     QVERIFY(!createFile(m_dir->filePath("missing/file")));
     QVERIFY(!closeFile(nullptr));
     QCOMPARE(pApp->report.reason, RepairReason::None);

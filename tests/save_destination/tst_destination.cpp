@@ -1,6 +1,7 @@
 // Saving to a folder of the user's: the layout, the questions and what each answer does, and that nothing is ever lost.
 
 #include "app/KesmiraApp.h"
+#include "app/Originals.h"
 #include "app/WorkingRoot.h"
 #include "engine/OneFile.h"
 #include "save/Destination.h"
@@ -15,9 +16,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
 #include <csignal>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using Files = QMap<QString, QByteArray>; // path below a folder -> contents; folders end in "/"
 
@@ -98,6 +102,9 @@ private slots:
     void refusedDestinations_data();
     void refusedDestinations();
     void fullDiskKeepsTheOldFile();
+    void originalsAreSpared();
+    void leftoversGo();
+    void modesAreKept();
     void copies_data();
     void copies();
 
@@ -348,6 +355,61 @@ void TestDestination::fullDiskKeepsTheOldFile()
                     {"RepairedFiles/Thumbnail Repaired/", {}}}));
 }
 
+// What the run was given lies at the destination, once under a second name; the answer is to overwrite all.
+void TestDestination::originalsAreSpared()
+{
+    write(dest("RepairedFiles/a.jpg"), "mine");
+    write(m_dir->filePath("b"), "mine too");
+    QCOMPARE(::link(qPrintable(m_dir->filePath("b")), qPrintable(dest("RepairedFiles/b.jpg"))), 0);
+    setOriginals({dest("RepairedFiles/a.jpg"), m_dir->filePath("b")});
+    StrictPrompt prompt({folderLine("RepairedFiles, Copy(1)_RepairedFiles", Overwrite),
+                         fileLine("a.jpg, Copy(1)_a.jpg", FileAnswer::OverwriteAll)});
+    const SaveOutcome outcome = saveOutputs(dest(), {"a.jpg", "b.jpg"}, prompt);
+    QVERIFY(outcome.rows[0].sparesOriginal && outcome.rows[1].sparesOriginal);
+    QCOMPARE(listing(dest()),
+             (Files{{"RepairedFiles/a.jpg", "mine"},
+                    {"RepairedFiles/b.jpg", "mine too"},
+                    {"RepairedFiles/Copy(1)_a.jpg", "new a.jpg"},
+                    {"RepairedFiles/Copy(1)_b.jpg", "new b.jpg"},
+                    {"RepairedFiles/Thumbnail Repaired/", {}}}));
+}
+
+// What a run that was ended by force has left goes; what another one is writing stays, and so does what is the user's.
+void TestDestination::leftoversGo()
+{
+    const QString run = dest("RepairedFiles/");
+    for (const char *name : {".kesmira-1-1.part", ".kesmira-1-2.part", ".kesmira-1-a.part", "kesmira-1-1.part"})
+        write(run + name, "part");
+    QFile atWork(run + ".kesmira-1-2.part");
+    QVERIFY(atWork.open(QIODevice::ReadOnly));
+    QCOMPARE(::flock(atWork.handle(), LOCK_EX), 0);
+    StrictPrompt prompt({folderLine("RepairedFiles, Copy(1)_RepairedFiles", Overwrite)});
+    QCOMPARE(results(saveOutputs(dest(), {"a.jpg"}, prompt)), QStringList{"saved"});
+    QCOMPARE(
+        listing(dest()).keys(),
+        QStringList({"RepairedFiles/.kesmira-1-2.part", "RepairedFiles/.kesmira-1-a.part",
+                     "RepairedFiles/Thumbnail Repaired/", "RepairedFiles/a.jpg", "RepairedFiles/kesmira-1-1.part"}));
+}
+
+void TestDestination::modesAreKept()
+{
+    const mode_t mask = ::umask(022);
+    for (const auto &[before, after] : {std::pair<mode_t, mode_t>{0600, 0600}, {0755, 0644}, {0440, 0640}}) {
+        write(m_dir->filePath("source/a.jpg"), "damaged");
+        QCOMPARE(::chmod(qPrintable(m_dir->filePath("source/a.jpg")), before), 0);
+        reserveNames({m_dir->filePath("source/a.jpg")});
+        StrictPrompt prompt({});
+        const QString folder = m_dir->filePath(QString("to%1").arg(before));
+        QVERIFY(QDir().mkdir(folder));
+        const QString target = saveOutputs(folder, {"a.jpg"}, prompt).rows[0].target;
+        struct stat info = {};
+        QCOMPARE(::stat(qPrintable(target), &info), 0);
+        QCOMPARE(info.st_mode, mode_t(S_IFREG | after));
+        QVERIFY(QFile::remove(m_dir->filePath("source/a.jpg")));
+    }
+    ::umask(mask);
+}
+
 void TestDestination::copies_data()
 {
     QTest::addColumn<QString>("target");
@@ -378,9 +440,12 @@ void TestDestination::copies()
     const Files before = listing(dest());
 
     const mode_t mask = ::umask(022);
-    QCOMPARE(copyToNewFile(source, dest(target)).isEmpty(), isNewPossible);
+    QCOMPARE(copyToNewFile({source}, dest(target)) == 0, isNewPossible);
     if (!isNewPossible) QCOMPARE(listing(dest()), before);
-    QCOMPARE(replaceByCopy(source, dest(target)).isEmpty(), isReplacePossible);
+    addOriginal(dest(target));
+    if (QFileInfo::exists(dest(target))) QCOMPARE(replaceByCopy({source}, dest(target)), EEXIST);
+    setOriginals({});
+    QCOMPARE(replaceByCopy({source}, dest(target)) == 0, isReplacePossible);
     ::umask(mask);
 
     Files after = before;

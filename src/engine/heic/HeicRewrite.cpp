@@ -119,7 +119,7 @@ bool writeSkeleton(FileWindow &boxes, const quint32 *lengths, FILE *out)
 
 QString jpg_repair::writeFileWithoutRef(const QString &path)
 {
-    const QString name = QFileInfo(workingName(path)).completeBaseName() + QLatin1String(".heic");
+    const QString name = outputName(path, QFileInfo(workingName(path)).completeBaseName() + QLatin1String(".heic"));
     m_heicWay = RepairWay::Rewrite;
     openHeicOutput(name);
     FileWindow *source = pApp->pHeicSource;
@@ -142,7 +142,7 @@ QString jpg_repair::writeFileWithRef(const QString &damagedPath, const QString &
 void jpg_repair::openHeicOutput(const QString &name)
 {
     QDir().mkdir(heicFolder());
-    pApp->pHeicOutput = createFile(heicFolder() + name);
+    pApp->pHeicOutput = createOutput(heicFolder() + name);
     if (!pApp->pHeicOutput) pApp->report.reason = RepairReason::DiskFull;
 }
 
@@ -166,7 +166,7 @@ void jpg_repair::WriteFileData(const QString &name)
     const QString path = heicFolder() + name;
     if (!whole || !readable) {
         if (!readable) pApp->report.reason = RepairReason::Unreadable;
-        QFile::remove(path); // half a picture would pass for a repaired one
+        dropFile(path); // half a picture would pass for a repaired one
         return;
     }
     pApp->lstResultNames.append(name);

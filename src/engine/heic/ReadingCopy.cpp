@@ -282,13 +282,13 @@ QString writeReadingCopy(const QString &rewritten, const QString &target)
     if (!file.isOpen()) return QStringLiteral("the file can't be read");
     const ReadingCopy copy = makeReadingCopy(file);
     if (!copy.problem.isEmpty()) return copy.problem;
-    FILE *out = createFile(target);
+    FILE *out = createOutput(target);
     if (out) {
         writeBytes(out, copy.front.constData(), copy.front.size());
         blockCopy(file, copy.tilesAt, qint64(file.size() - copy.tilesAt), out);
     }
     if (closeFile(out)) return {};
-    QFile::remove(target);
+    dropFile(target);
     return QStringLiteral("the reading copy can't be written");
 }
 

@@ -46,12 +46,12 @@ bool writeRawImage(FileWindow &file, quint64 start, quint32 length, const QStrin
 {
     QDir().mkdir(pApp->strTempDir);
     const QString path = pApp->strTempDir + name;
-    FILE *out = createFile(path);
+    FILE *out = createOutput(path);
     if (!out) return false;
     const bool stretched = copyBytes(file, start, length, out);
     if (!closeFile(out) || !stretched) {
         if (!stretched) pApp->report.reason = RepairReason::DiskFull;
-        QFile::remove(path); // half a picture would pass for a whole one
+        dropFile(path); // half a picture would pass for a whole one
         return false;
     }
     OutputReport output{name, path, way, QSize(), QImage(), {}};

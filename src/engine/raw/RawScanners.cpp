@@ -1,6 +1,7 @@
 // jpg_repair: the scanners of camera raw, one for each suffix.
 
 #include "app/KesmiraApp.h"
+#include "engine/OutputNames.h"
 #include "engine/jpg_repair.h"
 #include "engine/raw/Cr3Scan.h"
 #include "engine/raw/RawFormats.h"
@@ -27,10 +28,11 @@ constexpr Scanner kScanners[] = {
     {"CR3", &jpg_repair::ScanCR3Size},
 };
 
-void writeOne(FileWindow &file, const RawImage &image, const QString &name, RepairWay way)
+void writeOne(FileWindow &file, const RawImage &image, const QString &wanted, RepairWay way)
 {
     const quint32 size = quint32(file.size());
     if (image.length == 0 || image.length >= size || image.start >= size) return;
+    const QString name = outputName(pApp->strCurrentPath, wanted);
     if (writeRawImage(file, image.start, image.length, name, way)) pApp->lstResultNames.append(name);
 }
 
@@ -48,9 +50,10 @@ void scanFile(const QString &path, const char *suffix)
 }
 
 /// Sets `field` to the picture's name if there is one and it was written.
-void writeCr3Image(FileWindow &file, const Cr3Image &image, const QString &name, bool carved, QString &field)
+void writeCr3Image(FileWindow &file, const Cr3Image &image, const QString &wanted, bool carved, QString &field)
 {
     if (image.length == 0) return;
+    const QString name = outputName(pApp->strCurrentPath, wanted);
     const quint64 start = image.blank ? file.size() : image.start;
     if (writeRawImage(file, start, image.length, name, carved ? RepairWay::Carve : RepairWay::Pointers)) field = name;
 }
