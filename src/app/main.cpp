@@ -8,6 +8,7 @@
 #include "desktop/SingleInstance.h"
 #include "tables/TableLibrary.h"
 #include "window/BrowseRepair.h"
+#include "window/WaitNote.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -93,6 +94,8 @@ int main(int argc, char *argv[])
         return refuse(QCoreApplication::translate("Start", damaged).arg(tables));
     }
     SingleInstance instance;
+    WaitNote note;
+    QObject::connect(&instance, &SingleInstance::waiting, &application, [&note] { note.show(); });
     QString why;
     switch (instance.start(line.files, &why)) {
     case SingleInstance::Start::First: break;
@@ -100,6 +103,7 @@ int main(int argc, char *argv[])
     case SingleInstance::Start::Refused: return refuse(why);
     }
 
+    note.close();
     BrowseRepair::clearUpdateLeftovers();
 
     auto *window = new BrowseRepair; // lives as long as the process

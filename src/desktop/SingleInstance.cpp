@@ -22,6 +22,7 @@ constexpr int kLongestMessage = 1 << 20;    ///< bytes, the line end included
 constexpr int kLongestSocketPath = 107;     ///< bytes; the system's field has one more, for the zero
 constexpr int kConnectTime = 500;           ///< milliseconds for one try to reach the owner
 constexpr unsigned long kPauseBetween = 20; ///< milliseconds
+constexpr qint64 kQuietWait = 300;          ///< milliseconds that a person isn't told of
 const char kPathsKey[] = "paths";
 const QByteArray kTaken("taken\n");
 
@@ -99,6 +100,7 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
     lock->setStaleLockTime(0); // a long run isn't a dead one
     QElapsedTimer waited;
     waited.start();
+    QElapsedTimer wiping;
     bool isOwnerSilent = false;
     do {
         if (lock->tryLock(0)) {
@@ -118,7 +120,11 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
         const HandOver result = handOver(message, int(qMax<qint64>(m_patience - waited.elapsed(), 1)));
         if (result == HandOver::Done) return Start::HandedOver;
         isOwnerSilent = result == HandOver::NoAnswer;
-        if (QFile::exists(leavingMark())) waited.restart();
+        if (QFile::exists(leavingMark())) {
+            waited.restart();
+            if (!wiping.isValid()) wiping.start();
+            if (wiping.elapsed() >= kQuietWait) emit waiting();
+        }
         // The owner may be about to listen, or about to end.
         QThread::msleep(kPauseBetween);
     } while (waited.elapsed() < m_patience);

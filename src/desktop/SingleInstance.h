@@ -25,8 +25,7 @@ public:
     ~SingleInstance() override;
 
     /// Prepares the working root and settles who owns it; blocks for the patience at most, unless the owner is
-    /// leaving, and needs no event loop to be
-    /// running. Unless it comes first, it changes nothing below the root. `paths` are the files to hand over; they may
+    /// leaving, and needs no event loop to be running. Unless it comes first, it changes nothing below the root. `paths` are the files to hand over; they may
     /// be relative.
     Start start(const QStringList &paths, QString *why);
     /// The owner's work is done but for what it wipes yet: it takes no more files, and the next start waits until this
@@ -44,6 +43,8 @@ public:
 signals:
     /// Another start asks this one to come to the front and to add these files; the list may be empty.
     void asked(const QStringList &paths);
+    /// Again and again while start() waits for an owner that wipes, unless that is soon done.
+    void waiting();
 
 private:
     enum class HandOver { Done, NobodyThere, NoAnswer };

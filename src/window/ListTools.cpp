@@ -41,8 +41,13 @@ void ListTools::setShown(bool shown)
 
 void ListTools::showRefused(const QString &why, const QStringList &files)
 {
-    const QString line = why + QLatin1Char(' ') + files.join(QStringLiteral(", "));
-    m_note->setText(m_note->fontMetrics().elidedText(line, Qt::ElideRight, m_note->width()));
+    showLine(files.isEmpty() ? QString() : why + QLatin1Char(' ') + files.join(QStringLiteral(", ")));
     m_note->setToolTip(why + QLatin1Char('\n') + files.mid(0, 40).join(QLatin1Char('\n')));
-    m_note->setVisible(!files.isEmpty());
+}
+
+void ListTools::showLine(const QString &line)
+{
+    m_note->setText(m_note->fontMetrics().elidedText(line, Qt::ElideRight, m_note->width()));
+    m_note->setToolTip(line);
+    m_note->setVisible(!line.isEmpty());
 }

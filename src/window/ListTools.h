@@ -22,6 +22,8 @@ public:
     void setShown(bool shown);
     /// One line, as long as there is room, whole as its tool tip: `why` and the names of `files`. Without files the line goes.
     void showRefused(const QString &why, const QStringList &files);
+    /// Any other line in its place; an empty one takes it away.
+    void showLine(const QString &line);
 
     QPushButton *removeFile = nullptr;   ///< the current row
     QPushButton *removeTicked = nullptr; ///< each row with a tick

@@ -217,14 +217,16 @@ void TestSingleInstance::leavingOwner()
     QVERIFY(owner->start({}, &why) == Start::First);
     owner->leave();
     std::thread wipes([&owner] {
-        QThread::msleep(300);
+        QThread::msleep(600);
         owner.reset();
     });
     SingleInstance next;
+    const QSignalSpy waiting(&next, &SingleInstance::waiting);
     next.setPatience(50);
     const Start start = next.start({"/a"}, &why);
     wipes.join();
     QVERIFY2(start == Start::First, qPrintable(why));
+    QVERIFY(!waiting.isEmpty()); // and a person is told
 }
 
 void TestSingleInstance::longRoot()
