@@ -20,7 +20,9 @@
 #include "window/ListCount.h"
 #include "window/ListTools.h"
 #include "window/MyTreeWidget.h"
+#include "window/NameDelegate.h"
 #include "window/PanelOpener.h"
+#include "window/ResultOrder.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
@@ -143,6 +145,8 @@ void BrowseRepair::buildTrees()
     m_details->setGeometry(432, 474, 400, 68); // the free band under the preview
     m_listCount = new ListCount(pFileList, ui->frame);
     m_summary = new ResultSummary(pResultTree, ui->frame2);
+    m_order = new ResultOrder(pResultTree);
+    pResultTree->setItemDelegateForColumn(column::Name, new NameDelegate(pResultTree));
 }
 
 void BrowseRepair::buildDropArea()

@@ -43,6 +43,7 @@ class QLabel;
 class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
+class ResultOrder;
 class ResultSummary;
 class Ui_BrowseRepairObj;
 struct DropRefusal;
@@ -282,8 +283,8 @@ private:
 
     // A run: on the main thread
     void setUpResultTree();
-    /// Widens the columns whose header has longer words than the columns were made for.
-    static void widenForHeaders(QTreeWidget *tree);
+    /// Names get what the words of the other columns leave.
+    void fitResultColumns();
     void RepairFilesProcess();
     void startRun(RunPlan plan);
     QTreeWidgetItem *makeSourceRow(const QTreeWidgetItem *listRow);
@@ -372,6 +373,7 @@ private:
     QLabel *pDropHint = nullptr;
     ListCount *m_listCount = nullptr;
     ResultSummary *m_summary = nullptr;
+    ResultOrder *m_order = nullptr;
     ListTools *m_listTools = nullptr;
     MessageBox *pMessageBox = nullptr;
     BackApplicationDlg *pBackDlg = nullptr;

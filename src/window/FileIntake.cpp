@@ -4,6 +4,7 @@
 #include "desktop/Look.h"
 #include "dialogs/MessageBox.h"
 #include "window/BrowseRepair.h"
+#include "window/ColumnFit.h"
 #include "window/DrgDrp.h"
 #include "window/KindIcon.h"
 #include "window/ListRow.h"
@@ -20,6 +21,8 @@
 #include <QSet>
 
 namespace {
+
+constexpr int kLeastPath = 60; ///< pixels; the whole one is in its tool tip
 
 const QStringList &dialogSuffixes()
 {
@@ -162,7 +165,7 @@ void BrowseRepair::setUpList(const QRect &geometry, ListHeads (*heads)(), int so
         pFileList->setHeaderLabels({words.name, words.path, words.size, QStringLiteral("FileID"),
                                     QStringLiteral("ParentID"), QStringLiteral("Status"),
                                     QStringLiteral("TemporaryPath"), words.modified, words.created});
-        widenForHeaders(pFileList);
+        fitColumns(pFileList, Path, kLeastPath);
     });
     pFileList->setGeometry(geometry);
     pFileList->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
@@ -188,7 +191,7 @@ void BrowseRepair::setListWidths(int size, int date)
     const int needed = metrics.horizontalAdvance(longest) + 20;
     pFileList->setColumnWidth(Modified, std::max(date, needed));
     pFileList->setColumnWidth(Created, std::max(date, needed));
-    widenForHeaders(pFileList);
+    fitColumns(pFileList, Path, kLeastPath);
 }
 
 void BrowseRepair::takePaths(const QStringList &paths, const QStringList &suffixes, bool withIcon)

@@ -10,6 +10,7 @@
 #include "window/DetailsPane.h"
 #include "window/Globals.h"
 #include "window/MyTreeWidget.h"
+#include "window/ResultOrder.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
@@ -105,6 +106,7 @@ void BrowseRepair::OnCompletionMsgBox()
 
 void BrowseRepair::showFindings()
 {
+    m_order->resume();
     m_summary->refresh();
     if (!pResultTree->currentItem()) pResultTree->setCurrentItem(pResultTree->topLevelItem(0));
     m_details->showRow(pResultTree->currentItem());

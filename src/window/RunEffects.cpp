@@ -8,6 +8,7 @@
 #include "window/DetailsPane.h"
 #include "window/KindIcon.h"
 #include "window/MyTreeWidget.h"
+#include "window/ResultOrder.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
@@ -53,7 +54,7 @@ void BrowseRepair::showFileStart(const QString &name)
 
 void BrowseRepair::addOutputRow(QTreeWidgetItem *source, const OutputRow &output, bool leftAligned, bool withResolution)
 {
-    auto *row = new QTreeWidgetItem;
+    auto *row = new ResultRow;
     row->setCheckState(column::Name, Qt::Unchecked);
     row->setText(column::Name, output.name);
     row->setData(column::Type, Qt::UserRole, output.type);

@@ -2,9 +2,12 @@
 #include "app/StopFlag.h"
 #include "desktop/Look.h"
 #include "window/BrowseRepair.h"
+#include "window/ColumnFit.h"
 #include "window/CustomButton.h"
 #include "window/DrgDrp.h"
+#include "window/ListTools.h"
 #include "window/MyTreeWidget.h"
+#include "window/ResultOrder.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QAction>
@@ -43,11 +46,12 @@ void BrowseRepair::OnSaveWindow()
 void BrowseRepair::setUpResultTree()
 {
     pResultTree->clear();
+    m_order->forget();
     lstRowButtons.clear();
     pResultTree->setColumnCount(7);
     say(pResultTree, [this] {
         pResultTree->setHeaderLabels({tr(" File Name"), tr(" Type"), QString(), tr(" Resolution"), QString()});
-        widenForHeaders(pResultTree);
+        fitResultColumns();
     });
     pResultTree->setGeometry(22, 180, 400, 290);
     pResultTree->setFont(look::font(QStringLiteral("Helvetica neue Medium"), 13));
@@ -57,25 +61,27 @@ void BrowseRepair::setUpResultTree()
     pResultTree->setIconSize(QSize(16, 16));
     for (int hidden : {column::Path, column::Status, column::ButtonId, column::IsSource})
         pResultTree->setColumnHidden(hidden, true);
-    pResultTree->setColumnWidth(column::Name, 150);
-    pResultTree->setColumnWidth(column::Type, 140);
     pResultTree->header()->setMinimumSectionSize(40);
-    pResultTree->setColumnWidth(column::Resolution, 80); // and what is left
-    widenForHeaders(pResultTree);
+    fitResultColumns();
     pResultTree->setIndentation(12);
 }
 
-void BrowseRepair::widenForHeaders(QTreeWidget *tree)
+void BrowseRepair::fitResultColumns()
 {
-    for (int i = 0; i < tree->columnCount(); ++i) {
-        if (tree->isColumnHidden(i)) continue;
-        tree->setColumnWidth(i, std::max(tree->columnWidth(i), tree->header()->sectionSizeHint(i)));
-    }
+    const QFontMetrics words(pResultTree->font());
+    constexpr int kBadge = 20, kMargins = 14;
+    int type = 0;
+    for (const char *one : {"Repaired", "Extracted", "Thumbnail", "Salvaged"})
+        type = std::max(type, words.horizontalAdvance(typeText(QLatin1String(one))));
+    // The button of a failed row is wider, and lies over the next column, which is empty there.
+    pResultTree->setColumnWidth(column::Type, type + kBadge + kMargins);
+    pResultTree->setColumnWidth(column::Resolution, words.horizontalAdvance(QStringLiteral("4000x6000")) + kMargins);
+    fitColumns(pResultTree, column::Name, 120);
 }
 
 QTreeWidgetItem *BrowseRepair::makeSourceRow(const QTreeWidgetItem *listRow)
 {
-    auto *row = new QTreeWidgetItem;
+    auto *row = new ResultRow;
     row->setText(column::Name, listRow->text(0));
     row->setToolTip(column::Name, listRow->text(1));
     row->setText(column::Path, listRow->text(1));
@@ -126,11 +132,16 @@ void BrowseRepair::RepairFilesProcess()
 
 void BrowseRepair::startRun(RunPlan plan)
 {
+    m_order->suspend();
     plan.run = ++m_run;
     plan.deepSalvage = pApp->bDeepSalvage;
     m_deepSalvage->setEnabled(false);
+    // Until then the first page stays.
+    if (m_workerBusy)
+        m_listTools->showLine(tr("What was begun before is still being ended and wiped; the run starts after that."));
     afterRun([this, plan] {
         if (plan.run != m_run) return;
+        m_listTools->showLine({});
         m_plan = plan;
         m_stopSeen = false;
         m_workerBusy = true;

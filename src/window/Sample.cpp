@@ -8,6 +8,7 @@
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
 #include "window/MyTreeWidget.h"
+#include "window/ResultOrder.h"
 #include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
@@ -84,6 +85,7 @@ void BrowseRepair::OnRefe_CheckBoxClicked()
 void BrowseRepair::ReferenceRepairProcess()
 {
     if (m_workerBusy) return;
+    m_order->suspend();
     ui->label_5->clear();
     RunPlan plan;
     plan.samplePath = pApp->strSamplePath;

@@ -242,6 +242,10 @@ void TestDestination::save_data()
         << Files{{thumbs + "a_[T3].jpg", "old"}} << QStringList{"a_[T3].jpg"}
         << asked({fileLine("a_[T3].jpg, Copy(1)_a_[T3].jpg", FileAnswer::RenameAll)}) << QStringList{"saved"}
         << Files{{thumbs + "Copy(1)_a_[T3].jpg", newT3}};
+    QTest::newRow("HEIC: rename") << Files{{run + "HEIC_Repaired/c.heic", "old"}} << QStringList{"c.heic"}
+                                  << asked({fileLine("c.heic, Copy(1)_c.heic", FileAnswer::Rename)})
+                                  << QStringList{"saved"}
+                                  << Files{{run + "HEIC_Repaired/Copy(1)_c.heic", "new c.heic"}, {thumbs, {}}};
 }
 
 void TestDestination::save()
@@ -257,6 +261,7 @@ void TestDestination::save()
         else
             write(dest(each.key()), each.value());
     }
+    if (names.contains("c.heic")) write(work("HEIC_Repaired/c.heic"), "new c.heic");
     const Files workBefore = listing(m_dir->filePath("root"));
     StrictPrompt prompt(script);
 

@@ -30,7 +30,7 @@ public:
     struct Line
     {
         QString dialog;
-        QString button;
+        QString button;                           ///< none for a dialog that goes by itself
         std::function<void(QDialog *)> look = {}; ///< looks at the dialog before the click
     };
 
@@ -70,6 +70,7 @@ private:
         const Line line = m_lines.front();
         m_lines.pop_front();
         if (line.look) line.look(dialog);
+        if (line.button.isEmpty()) return;
         auto *button = dialog->findChild<QAbstractButton *>(line.button);
         if (button && button->isVisible() && button->isEnabled()) {
             button->click();
@@ -179,6 +180,19 @@ public:
     {
         tree()->scrollToItem(item);
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualItemRect(item).center());
+    }
+    /// Through both dialogs with `sample`; `all` ticks the box of the second.
+    void takeSample(const QString &row, const QString &sample, bool all)
+    {
+        chooser.answers.push_back({sample});
+        script.expect("AdvancedRepairDlg", "NextBtn");
+        script.expect("ReferenceFileDlg", "RepairBtn", [all](QDialog *dialog) {
+            QVERIFY(!dialog->findChild<QAbstractButton *>("RepairBtn")->isEnabled());
+            dialog->findChild<QAbstractButton *>("BrowseBtn")->click();
+            if (all) dialog->findChild<QAbstractButton *>("checkBox")->click();
+        });
+        script.expect("CompletionMsg", "OkBtn");
+        QTest::mouseClick(rowButton(row), Qt::LeftButton);
     }
     QString complaint() const
     {

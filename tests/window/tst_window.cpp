@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QScrollBar>
 
 namespace {
 
@@ -177,6 +178,7 @@ void TestWindow::firstIntakeSetsTheListUp()
     QCOMPARE(room.list()->geometry(), place);
     QCOMPARE(room.list()->headerItem()->text(7), header);
     QCOMPARE(room.list()->frameStyle(), 0x36);
+    QVERIFY(!room.list()->horizontalScrollBar()->isVisible());
     QCOMPARE(names(room.list()), (QStringList{"a.jpg", "b.jpg"}));
 }
 
@@ -343,27 +345,13 @@ void TestWindow::thumbnailsCanBeHidden()
     QCOMPARE(room.complaint(), QString());
 }
 
-/// Through both dialogs with `sample`; `all` ticks the box of the second.
-void takeSample(WindowRoom &room, const QString &row, const QString &sample, bool all)
-{
-    room.chooser.answers.push_back({sample});
-    room.script.expect("AdvancedRepairDlg", "NextBtn");
-    room.script.expect("ReferenceFileDlg", "RepairBtn", [all](QDialog *dialog) {
-        QVERIFY(!dialog->findChild<QAbstractButton *>("RepairBtn")->isEnabled());
-        dialog->findChild<QAbstractButton *>("BrowseBtn")->click();
-        if (all) dialog->findChild<QAbstractButton *>("checkBox")->click();
-    });
-    room.script.expect("CompletionMsg", "OkBtn");
-    QTest::mouseClick(room.rowButton(row), Qt::LeftButton);
-}
-
 void TestWindow::sampleForOne()
 {
     WindowRoom room;
     const QString sample = room.source("sample/s.jpg", photos::sample());
     room.add({room.source("b.jpg", photos::scanOnly()), room.source("c.jpg", photos::scanOnly(1))});
     QVERIFY(room.repair());
-    takeSample(room, "b.jpg", sample, false);
+    room.takeSample("b.jpg", sample, false);
     QVERIFY(room.rest());
     QCOMPARE(room.complaint(), QString());
     QCOMPARE(room.rows(), (QStringList{"b.jpg||5||", " b.jpg|Repaired|4|x|32x48", "c.jpg||2||"}));
@@ -382,7 +370,7 @@ void TestWindow::sampleForAll()
     room.add({room.source("b.jpg", photos::scanOnly()), room.source("a.jpg", photos::plain()),
               room.source("c.jpg", photos::scanOnly(1))});
     QVERIFY(room.repair());
-    takeSample(room, "c.jpg", sample, true);
+    room.takeSample("c.jpg", sample, true);
     QVERIFY(room.rest());
     QCOMPARE(room.complaint(), QString());
     QCOMPARE(room.rows(),
@@ -395,7 +383,7 @@ void TestWindow::sampleThatIsNone()
     WindowRoom room;
     room.add({room.source("b.jpg", photos::scanOnly())});
     QVERIFY(room.repair());
-    takeSample(room, "b.jpg", room.source("none.jpg", "nothing"), false);
+    room.takeSample("b.jpg", room.source("none.jpg", "nothing"), false);
     QVERIFY(room.rest());
     QCOMPARE(room.rows(), QStringList("b.jpg||7||")); // open to another try
     QVERIFY(room.rowButton("b.jpg")->isVisible() && room.rowButton("b.jpg")->isEnabled());

@@ -1,0 +1,80 @@
+// The order of the results, and what a person sees of their names.
+
+#include "window/NameDelegate.h"
+#include "window/Photos.h"
+#include "window/WindowRoom.h"
+
+#include <QHeaderView>
+
+class TestWindowOrder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void resultsAreSorted();
+    void thumbnailsKeepTheirMark();
+    void questionGoesWithTheRun();
+};
+
+void TestWindowOrder::resultsAreSorted()
+{
+    WindowRoom room;
+    const QString sample = room.source("sample/s.jpg", photos::sample());
+    room.add({room.source("c.jpg", photos::plain()), room.source("b.jpg", photos::withThumbnail()),
+              room.source("a.jpg", photos::scanOnly()), room.source("d.jpg", photos::scanOnly(1))});
+    QVERIFY(room.repair());
+    const auto click = [&room](int section) {
+        auto *head = room.tree()->header();
+        QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, {head->sectionViewportPosition(section) + 20, 5});
+        QString order;
+        for (int i = 0; i < 4; ++i) order += room.tree()->topLevelItem(i)->text(0).at(0);
+        return order;
+    };
+    QCOMPARE(click(column::Name), QString("abcd"));
+    QCOMPARE(click(column::Name), QString("dcba"));
+    QCOMPARE(room.row("b.jpg")->child(0)->text(0), QString("b.jpg")); // and the thumbnail stays below it
+    QCOMPARE(click(column::Name), QString("cbad"));
+    QCOMPARE(click(column::Type), QString("cbad")); // what failed is last
+    QCOMPARE(click(column::Type), QString("adcb"));
+    QCOMPARE(click(column::Resolution), QString("adcb"));
+    room.takeSample("d.jpg", sample, false);
+    QVERIFY(room.rest());
+    QCOMPARE(
+        room.rows(),
+        (QStringList{"a.jpg||2||", "c.jpg||5||", " c.jpg|Repaired|4|x|32x48", "d.jpg||5||", " d.jpg|Repaired|4|x|32x48",
+                     "b.jpg||5||", " b.jpg|Repaired|4|x|48x64", " b_[T1].jpg|Thumbnail|4|x|24x32"}));
+    QTRY_VERIFY(room.rowButton("a.jpg")->isVisible() && !room.rowButton("d.jpg")->isVisible());
+    QCOMPARE(room.complaint(), QString());
+}
+
+void TestWindowOrder::thumbnailsKeepTheirMark()
+{
+    struct Shown : NameDelegate
+    {
+        using NameDelegate::initStyleOption;
+    } delegate;
+    QTreeWidget tree;
+    new QTreeWidgetItem(&tree, {"PXL_20261126_114500123_[T1].jpg"});
+    QStyleOptionViewItem option;
+    option.widget = &tree;
+    option.rect = QRect(0, 0, 150, 20);
+    delegate.initStyleOption(&option, tree.model()->index(0, 0));
+    QVERIFY2(option.text.startsWith("P") && option.text.endsWith("_[T1].jpg"), qPrintable(option.text));
+    QVERIFY(option.fontMetrics.horizontalAdvance(option.text) <= 150);
+}
+
+void TestWindowOrder::questionGoesWithTheRun()
+{
+    WindowRoom room;
+    room.add({room.source("long.jpg", photos::longWork())});
+    QVERIFY(room.click("StartRepairFilesBtn"));
+    QTRY_VERIFY(room.find("StopRepairProcessBtn_2")->isVisible());
+    room.script.expect("StopDlg", {});
+    room.script.expect("CompletionMsg", "OkBtn");
+    QVERIFY(room.click("StopRepairProcessBtn_2"));
+    QVERIFY(room.rest());
+    QCOMPARE(room.complaint(), QString());
+}
+
+QTEST_MAIN(TestWindowOrder)
+#include "tst_window_order.moc"
