@@ -9,10 +9,12 @@ AdvancedRepairDlg::AdvancedRepairDlg(QWidget *parent, const QString &text, Refer
 {
     setWindowModality(Qt::WindowModal);
     ui->setupUi(content());
-    ui->label->setFont(look::font("Helvetica neue Medium", 12));
+    for (QLabel *label : {ui->fileLabel, ui->label, ui->hintLabel})
+        label->setFont(look::font("Helvetica neue Medium", 12));
     ui->label->setText(text);
     connect(ui->NextBtn, &QPushButton::clicked, this, &AdvancedRepairDlg::OnclickedNextDialog);
     connect(ui->CancelBtn, &QPushButton::clicked, this, &AdvancedRepairDlg::OnCancle);
+    nameDamagedFile();
     finishSetUp({440, 230}, ui->NextBtn);
 }
 
@@ -22,6 +24,29 @@ void AdvancedRepairDlg::setText(const QString &text)
 {
     ui->label->setText(text);
     SetFixedSizeWidget();
+}
+
+void AdvancedRepairDlg::setDamagedFile(const QString &name, bool heic)
+{
+    m_damaged = name;
+    m_heic = heic;
+    nameDamagedFile();
+    SetFixedSizeWidget();
+}
+
+void AdvancedRepairDlg::nameDamagedFile()
+{
+    const bool known = !m_damaged.isEmpty();
+    ui->fileLabel->setVisible(known);
+    ui->hintLabel->setVisible(known);
+    if (!known) return;
+    ui->fileLabel->setText(ReferenceFileDlg::damagedText(m_damaged, ui->fileLabel->fontMetrics()));
+    ui->fileLabel->setToolTip(m_damaged);
+    ui->hintLabel->setText(
+        m_heic ? tr("A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: "
+                    "with the same camera of it, the same settings, and the phone held the same way.")
+               : tr("A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged "
+                    "photo was: with the same settings, and the camera held the same way."));
 }
 
 QString AdvancedRepairDlg::jpegText()
@@ -55,5 +80,6 @@ void AdvancedRepairDlg::retranslate()
     const QString shown = ui->label->text();
     ui->retranslateUi(content());
     ui->label->setText(shown);
+    nameDamagedFile();
     FramelessDialog::retranslate();
 }

@@ -24,6 +24,9 @@ public:
     /// For a caller that has built the text again after a change of language.
     void setText(const QString &text);
 
+    /// Names the file that the sample is for, above the text, and says below it what a good sample is.
+    void setDamagedFile(const QString &name, bool heic);
+
     static QString jpegText();
     /// `kind` names the layout that the sample must have, for instance "standard_selfie".
     static QString heicText(const QString &kind);
@@ -36,6 +39,10 @@ protected:
     void retranslate() override;
 
 private:
+    void nameDamagedFile();
+
     std::unique_ptr<Ui::AdvancedRepairDlgObj> ui;
     ReferenceFileDlg *m_reference;
+    QString m_damaged; ///< empty until it is known
+    bool m_heic = false;
 };

@@ -4,6 +4,8 @@
 #include "desktop/FileChooser.h"
 #include "dialogs/ui_ReferenceFileDlg.h"
 
+#include <QFontMetrics>
+
 namespace {
 
 bool takesHeic()
@@ -27,6 +29,7 @@ ReferenceFileDlg::ReferenceFileDlg(QWidget *parent, const QString &labelText)
     connect(BrowseBtn, &QPushButton::clicked, this, &ReferenceFileDlg::OnBrowseRefrenceFile);
     connect(RepairBtn, &QPushButton::clicked, this, &ReferenceFileDlg::OnHideDialog);
     connect(CancelBtn, &QPushButton::clicked, this, &ReferenceFileDlg::OnCancle);
+    nameDamagedFile();
     finishSetUp({440, 240}, BrowseBtn);
     reset();
     if (!labelText.isEmpty()) ui->label->setText(labelText);
@@ -48,6 +51,26 @@ void ReferenceFileDlg::showForSuffix()
     show();
     raise();
     activateWindow();
+}
+
+void ReferenceFileDlg::setDamagedFile(const QString &name)
+{
+    m_damaged = name;
+    nameDamagedFile();
+}
+
+QString ReferenceFileDlg::damagedText(const QString &name, const QFontMetrics &metrics)
+{
+    constexpr int kRoom = 400; // between the margins of the dialogs as they were designed
+    const QString lead = tr("Damaged file: ");
+    return lead + metrics.elidedText(name, Qt::ElideMiddle, kRoom - metrics.horizontalAdvance(lead));
+}
+
+void ReferenceFileDlg::nameDamagedFile()
+{
+    ui->fileLabel->setVisible(!m_damaged.isEmpty());
+    ui->fileLabel->setText(damagedText(m_damaged, ui->fileLabel->fontMetrics()));
+    ui->fileLabel->setToolTip(m_damaged);
 }
 
 void ReferenceFileDlg::OnBrowseRefrenceFile()
@@ -92,6 +115,7 @@ void ReferenceFileDlg::retranslate()
     ui->retranslateUi(content());
     FramelessDialog::retranslate();
     setLabel();
+    nameDamagedFile();
 }
 
 void ReferenceFileDlg::setLabel()

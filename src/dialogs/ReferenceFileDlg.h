@@ -6,6 +6,7 @@
 #include <memory>
 
 class QCheckBox;
+class QFontMetrics;
 class QPushButton;
 class QTextEdit;
 
@@ -28,6 +29,10 @@ public:
     void reset();
     /// Sets the texts for the format and shows the dialog, window modal.
     void showForSuffix();
+    /// Names the file that the sample is for; "" for none.
+    void setDamagedFile(const QString &name);
+    /// What both steps say of it, in one line, in which a long name loses its middle.
+    static QString damagedText(const QString &name, const QFontMetrics &metrics);
 
     QTextEdit *textEdit = nullptr; ///< path of the sample; set by the form
     QCheckBox *checkBox = nullptr;
@@ -51,6 +56,8 @@ protected:
 private:
     void setLabel();
     void setReady(bool ready);
+    void nameDamagedFile();
 
     std::unique_ptr<Ui::ReferenceFileDlgObj> ui;
+    QString m_damaged;
 };

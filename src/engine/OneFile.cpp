@@ -13,7 +13,10 @@
 #include "save/WipeFolder.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <cstdio>
 
 namespace {
 
@@ -98,6 +101,38 @@ void conclude(FileOutcome &outcome)
     if (stopRequested()) outcome.statusCode = QLatin1String(status::Stopped);
 }
 
+/// Puts a result in the place of what stands under the source's own name.
+void moveTo(const QString &name, FileOutcome &outcome)
+{
+    OutputReport &output = outcome.report.outputs.first();
+    const QString target = QFileInfo(output.path).path() + QLatin1Char('/') + name;
+    if (std::rename(QFile::encodeName(output.path).constData(), QFile::encodeName(target).constData()) != 0) return;
+    output.name = name;
+    output.path = target;
+    outcome.results = QStringList{name};
+}
+
+FileOutcome repairWithSample(const QString &samplePath, const QString &path)
+{
+    addOriginal(samplePath);
+    FileOutcome outcome = takeUp(path);
+    pApp->strSamplePath = samplePath;
+    outcome.statusCode = QLatin1String(status::Invalid);
+    if (!isHeicName(path)) {
+        jpg_repair().ScanRefFile(samplePath, path);
+    } else if (QFileInfo(path).size() >= kFileLimit) {
+        pApp->report.reason = RepairReason::TooLarge;
+    } else {
+        jpg_repair engine;
+        repairHeicWithSample(engine, samplePath, path);
+    }
+    conclude(outcome);
+    RepairReason &reason = outcome.report.reason;
+    if (reason == RepairReason::HeaderLost || reason == RepairReason::DecoderRefused)
+        reason = RepairReason::SampleUnfit;
+    return outcome;
+}
+
 } // namespace
 
 bool beginRun(const QStringList &sources, const QString &sample)
@@ -166,23 +201,20 @@ FileOutcome repairOneFile(const QString &path)
     return outcome;
 }
 
-FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path)
+FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path, SampleName name)
 {
-    addOriginal(samplePath);
-    FileOutcome outcome = takeUp(path);
-    pApp->strSamplePath = samplePath;
-    outcome.statusCode = QLatin1String(status::Invalid);
-    if (!isHeicName(path)) {
-        jpg_repair().ScanRefFile(samplePath, path);
-    } else if (QFileInfo(path).size() >= kFileLimit) {
-        pApp->report.reason = RepairReason::TooLarge;
+    if (name == SampleName::Told) return repairWithSample(samplePath, path);
+    FurtherName further(path);
+    FileOutcome outcome = repairWithSample(samplePath, path);
+    const bool gaveNothing = outcome.results.isEmpty() || outcome.statusCode == QLatin1String(status::Stopped);
+    if (gaveNothing || (name == SampleName::Further && outcome.report.tilesAlone)) {
+        // What was written lies under a name that the next try takes again.
+        outcome.results.clear();
+        outcome.report.outputs.clear();
+    } else if (name == SampleName::Better) {
+        moveTo(further.told(), outcome);
     } else {
-        jpg_repair engine;
-        repairHeicWithSample(engine, samplePath, path);
+        further.keep();
     }
-    conclude(outcome);
-    RepairReason &reason = outcome.report.reason;
-    if (reason == RepairReason::HeaderLost || reason == RepairReason::DecoderRefused)
-        reason = RepairReason::SampleUnfit;
     return outcome;
 }

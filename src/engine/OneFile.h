@@ -42,5 +42,13 @@ bool isRawSuffix(const QString &suffix);
 /// Leaves `lstResultNames` and `report` of `pApp` as they are handed back here. Never throws, never writes the source.
 FileOutcome repairOneFile(const QString &path);
 
-/// Repairs a file with a healthy sample; `statusCode` is Invalid: a row of the output is what lifts it.
-FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path);
+/// The name of a sample's result in the working folder.
+enum class SampleName {
+    Told,    ///< the source's working name, whatever stands there
+    Further, ///< the next free one with the prefix "Copy(n)_", beside the picture that has the working name
+    Better,  ///< the working name, once the result stands: a stop leaves what was there
+};
+
+/// Repairs a file with a healthy sample; `statusCode` is Invalid: a row of the output is what lifts it. A HEIC that comes
+/// out as tiles alone is no result that gets a further name.
+FileOutcome repairOneFileWithSample(const QString &samplePath, const QString &path, SampleName name = SampleName::Told);

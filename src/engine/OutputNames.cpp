@@ -62,6 +62,22 @@ QString outputName(const QString &source, const QString &wanted, const QString &
     }
 }
 
+FurtherName::FurtherName(const QString &source) : m_source(source), m_told(workingName(source))
+{
+    const QString fileName = QFileInfo(source).fileName();
+    int n = 1;
+    do m_name = fittingName(copyPrefix(n++), fileName);
+    while (pApp->mapNameOwners.contains(m_name));
+    pApp->mapNameOwners.insert(m_name, source);
+    pApp->mapWorkingNames[source] = m_name;
+}
+
+FurtherName::~FurtherName()
+{
+    pApp->mapWorkingNames[m_source] = m_told;
+    if (!m_kept) pApp->mapNameOwners.remove(m_name);
+}
+
 QString sourceOfOutput(const QString &name)
 {
     return pApp->mapNameOwners.value(name);

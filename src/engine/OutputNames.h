@@ -17,6 +17,26 @@ QString workingName(const QString &path);
 /// the prefix "Copy(n)_". With `front`, the file's name in the working folder has that in front. It is the source's from
 /// now on.
 QString outputName(const QString &source, const QString &wanted, const QString &front = {});
+/// As long as it lives, a source has a working name that none of its results has, with the prefix "Copy(n)_".
+class FurtherName
+{
+public:
+    explicit FurtherName(const QString &source);
+    /// The source has its working name again; a name that wasn't kept is free.
+    ~FurtherName();
+    FurtherName(const FurtherName &) = delete;
+    FurtherName &operator=(const FurtherName &) = delete;
+
+    const QString &told() const { return m_told; }
+    void keep() { m_kept = true; }
+
+private:
+    const QString m_source;
+    const QString m_told;
+    QString m_name;
+    bool m_kept = false;
+};
+
 /// The source whose output `name` is, "" if none of this run's.
 QString sourceOfOutput(const QString &name);
 

@@ -25,6 +25,7 @@
 #include "window/ResultOrder.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
+#include "window/SecondTry.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QEvent>
@@ -147,6 +148,7 @@ void BrowseRepair::buildTrees()
     m_summary = new ResultSummary(pResultTree, ui->frame2);
     m_order = new ResultOrder(pResultTree);
     pResultTree->setItemDelegateForColumn(column::Name, new NameDelegate(pResultTree));
+    m_secondTry = new SecondTry(pResultTree, m_details, ui->frame2); // which owns it
 }
 
 void BrowseRepair::buildDropArea()
@@ -234,6 +236,7 @@ void BrowseRepair::retranslate()
     }
     for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) describeRows(sourceRow(i));
     m_summary->retranslate();
+    m_secondTry->retranslate();
     m_details->refresh();
 }
 
@@ -269,6 +272,8 @@ void BrowseRepair::connectSignals()
 
     connect(pResultTree, &QTreeWidget::itemClicked, this, &BrowseRepair::OnItemClicked);
     connect(m_summary, &ResultSummary::filtered, this, &BrowseRepair::OnFiltered);
+    connect(m_secondTry, &SecondTry::sampleAsked, this, &BrowseRepair::askForSample);
+    connect(m_secondTry, &SecondTry::salvageAsked, this, &BrowseRepair::trySalvage);
     connect(pResultTree, &MyTreeWidget::rowEntered, this, &BrowseRepair::OnRowEntered);
     connect(pResultTree, &MyTreeWidget::rowReached, this, [this](QTreeWidgetItem *item) {
         // A click folds its row; whoever walks through the tree by arrow keys must find the rows below.
@@ -332,10 +337,20 @@ void BrowseRepair::orderFocus()
                                  ui->closeBtn_2,
                                  pMoreToolsBtn};
     QList<QWidget *> second = m_summary->stops();
-    second << QList<QWidget *>{pResultTree,         ui->graphicsView, m_details,
-                               ui->checkBox1_2,     ui->checkBox3,    ui->StopRepairProcessBtn_2,
-                               ui->SaveRepairBtn_2, ui->BackBtn_2,    ui->UpdateBtn_2,
-                               ui->HelpBtn_1,       ui->MiniMaBtn,    ui->closeBtn};
+    second << QList<QWidget *>{pResultTree,
+                               ui->graphicsView,
+                               m_details,
+                               m_details->sampleLink(),
+                               ui->checkBox1_2,
+                               ui->checkBox3,
+                               m_secondTry->offer(),
+                               ui->StopRepairProcessBtn_2,
+                               ui->SaveRepairBtn_2,
+                               ui->BackBtn_2,
+                               ui->UpdateBtn_2,
+                               ui->HelpBtn_1,
+                               ui->MiniMaBtn,
+                               ui->closeBtn};
     for (const QList<QWidget *> &page : {first, second})
         for (int i = 1; i < page.size(); ++i) setTabOrder(page[i - 1], page[i]);
 }

@@ -45,6 +45,7 @@ class QTreeWidget;
 class QTreeWidgetItem;
 class ResultOrder;
 class ResultSummary;
+class SecondTry;
 class Ui_BrowseRepairObj;
 struct DropRefusal;
 struct FileOutcome;
@@ -278,6 +279,9 @@ private:
     /// On the worker, behind the other ways and once their rows are posted: adds one more row if a salvage gives one.
     void salvageRow(DeepRoad &deep, const RunRow &row, int number, FileOutcome &outcome);
     void showSalvageStart(const QString &name);
+    /// A run of the salvage alone over these source rows, whose other results stay.
+    void trySalvage(const QList<QTreeWidgetItem *> &sources);
+    void salvageAgain();
     /// True for the row of a salvaged picture, whatever it is called in the language of the interface.
     static bool isSalvaged(const QTreeWidgetItem *row);
 
@@ -299,6 +303,9 @@ private:
     void setReport(QTreeWidgetItem *source, const FileOutcome &outcome);
     void finishStoppedRows();
     void finishRun();
+    /// The start and the end of a run over rows that have been through one.
+    void startRunAgain(RunPlan plan);
+    void finishRunAgain(bool stopped);
     QTreeWidgetItem *sourceRow(int number) const;
     void afterRun(std::function<void()> task);
     void OnWorkerLeft();
@@ -339,14 +346,19 @@ private:
     void OnRowEntered(QTreeWidgetItem *item);
 
     // Repair with a sample
-    QTreeWidgetItem *firstRowNamed(const QString &name, Qt::CaseSensitivity sensitivity = Qt::CaseSensitive) const;
-    QString pathOfSampleRow() const;
-    void showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const FileOutcome &outcome);
-    QTreeWidgetItem *rowOfPath(const QString &path) const;
+    /// Asks for a sample for the source row; both ways to it end here.
+    void askForSample(QTreeWidgetItem *source);
+    /// The row that the sample was asked for, null if it is gone.
+    QTreeWidgetItem *sampleRow() const;
+    /// Its place among the source rows, from 0, however they are sorted.
+    int numberOf(const QTreeWidgetItem *source) const;
+    RunRow sampleRunRow(const QTreeWidgetItem *source) const;
+    void showSampleReport(int row, const FileOutcome &outcome);
+    void showHeicSampleOutput(int row, const OutputRows &rows, const FileOutcome &outcome);
     QString sampleText(const QString &path) const;
     void showSampleRunStart(int total);
     void showSampleFile(const QString &name);
-    void showSampleOutput(const QString &fileName, const OutputRows &rows, bool stopped);
+    void showSampleOutput(int row, const OutputRows &rows, bool stopped);
 
     // Saving
     /// Makes the run folder, or asks about one that exists; the answer is in the flags of `pApp`. It has always been true.
@@ -374,6 +386,7 @@ private:
     ListCount *m_listCount = nullptr;
     ResultSummary *m_summary = nullptr;
     ResultOrder *m_order = nullptr;
+    SecondTry *m_secondTry = nullptr;
     ListTools *m_listTools = nullptr;
     MessageBox *pMessageBox = nullptr;
     BackApplicationDlg *pBackDlg = nullptr;

@@ -2,9 +2,12 @@
 #include "engine/DeepRoad.h"
 
 #include "app/StopFlag.h"
+#include "engine/SourceJudge.h"
 #include "window/BrowseRepair.h"
 #include "window/MyTreeWidget.h"
 #include "window/ReportText.h"
+#include "window/ResultOrder.h"
+#include "window/RowReport.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QAction>
@@ -68,16 +71,54 @@ void BrowseRepair::salvageRow(DeepRoad &deep, const RunRow &row, int number, Fil
         postToRun([this, name = row.name] { showSalvageStart(name); });
     });
     if (began) {
-        postToRun([this] { ui->progressBar_2->setRange(0, int(nSelectedCount)); });
+        postToRun([this, total = m_plan.rows.size()] { ui->progressBar_2->setRange(0, total); });
         postStep(number);
         postProgress(number);
     }
-    if (stopRequested() || salvageText(outcome.report.salvage).isEmpty()) return;
+    if (stopRequested()) return;
+    // It was looked at, though nothing was left to search for.
+    if (deepSalvageMayHelp(row.path, outcome.report)) outcome.report.salvage.ran = true;
+    if (salvageText(outcome.report.salvage).isEmpty()) return;
     const OutputRows outputs = makeRows(outcome);
     for (const OutputRow &output : outputs.rows)
         if (output.type == QLatin1String("Salvaged"))
-            postToRun([this, row = row.row, output] { addOutputRow(sourceRow(row), output, true, true); });
+            postToRun([this, row = row.row, output, again = m_plan.again] {
+                QTreeWidgetItem *source = sourceRow(row);
+                addOutputRow(source, output, true, true);
+                if (again) source->child(source->childCount() - 1)->setCheckState(column::Name, Qt::Checked);
+            });
     postToRun([this, row = row.row, outcome] { setReport(sourceRow(row), outcome); });
+}
+
+void BrowseRepair::trySalvage(const QList<QTreeWidgetItem *> &sources)
+{
+    if (m_workerBusy || sources.isEmpty()) return; // a stopped worker is about to leave
+    m_order->suspend();
+    setFlag(pApp->bStopRepair, false);
+    RunPlan plan;
+    plan.again = true;
+    for (const QTreeWidgetItem *source : sources) {
+        plan.rows.append({numberOf(source), source->text(column::Name), source->text(column::Path)});
+        plan.salvaged.append(*outcomeOf(source));
+    }
+    startRunAgain(plan);
+}
+
+void BrowseRepair::salvageAgain()
+{
+    if (m_leaving) setFlag(pApp->bStopRepair, true);
+    const int total = m_plan.rows.size();
+    postToRun([this, total] { showSampleRunStart(total); });
+    DeepRoad deep(pApp->mapWorkingNames.keys());
+    for (int n = 1; n <= total && !stopRequested(); ++n) {
+        postProgress(n);
+        postToRun([this, n] { emit SetFileProgressvalue(unsigned(n)); });
+        FileOutcome outcome = m_plan.salvaged[n - 1];
+        salvageRow(deep, m_plan.rows[n - 1], n, outcome);
+    }
+    const bool stopped = stopRequested();
+    if (stopped) resetRunFields();
+    postToRun([this, stopped] { finishRunAgain(stopped); });
 }
 
 void BrowseRepair::showSalvageStart(const QString &name)

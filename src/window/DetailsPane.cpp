@@ -4,10 +4,18 @@
 #include "window/RowWords.h"
 #include "window/RunPlan.h"
 
+#include <QPushButton>
 #include <QTextCursor>
 #include <QTreeWidget>
 
-DetailsPane::DetailsPane(QTreeWidget *tree, QWidget *parent) : QTextEdit(parent), m_tree(tree)
+namespace {
+
+constexpr int kLink = 17; ///< leaves room for three whole lines
+
+} // namespace
+
+DetailsPane::DetailsPane(QTreeWidget *tree, QWidget *parent)
+    : QTextEdit(parent), m_tree(tree), m_sampleLink(new QPushButton(this))
 {
     setObjectName(QStringLiteral("detailsPane"));
     setProperty("role", "details");
@@ -18,6 +26,10 @@ DetailsPane::DetailsPane(QTreeWidget *tree, QWidget *parent) : QTextEdit(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere); // names may have no blank
     document()->setDocumentMargin(4);
+    m_sampleLink->setObjectName(QStringLiteral("sampleLink"));
+    m_sampleLink->setProperty("role", "part");
+    m_sampleLink->setFont(font());
+    m_sampleLink->setCursor(Qt::PointingHandCursor);
     hide();
     connect(tree, &QTreeWidget::currentItemChanged, this, &DetailsPane::refresh);
 }
@@ -32,6 +44,13 @@ void DetailsPane::showRow(const QTreeWidgetItem *row)
     setVisible(row != nullptr);
     clear();
     if (!row) return;
+    const QTreeWidgetItem *source = row->parent() ? row->parent() : row;
+    const bool linked = mayTrySample(source);
+    m_sampleLink->setVisible(linked);
+    if (linked) m_sampleLink->setText(sampleWords(source));
+    m_sampleLink->setAccessibleName(m_sampleLink->text() + QLatin1String(": ") + source->text(column::Name));
+    m_sampleLink->resize(m_sampleLink->sizeHint().width(), kLink);
+    setViewportMargins(0, 0, 0, linked ? kLink : 0);
     QTextCursor text(document());
     QTextCharFormat name;
     name.setFontWeight(QFont::Bold);
@@ -39,4 +58,10 @@ void DetailsPane::showRow(const QTreeWidgetItem *row)
     text.insertText(row->text(column::Name), name);
     text.insertText('\n' + detailLines(row).join('\n'), QTextCharFormat());
     moveCursor(QTextCursor::Start);
+}
+
+void DetailsPane::resizeEvent(QResizeEvent *event)
+{
+    QTextEdit::resizeEvent(event);
+    m_sampleLink->move(1, height() - kLink - 1);
 }

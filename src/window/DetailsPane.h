@@ -4,6 +4,7 @@
 
 #include <QTextEdit>
 
+class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -20,7 +21,13 @@ public:
     void showRow(const QTreeWidgetItem *row);
     /// Says it anew, as the language or what is known of the current row has changed.
     void refresh();
+    /// The link at the lower edge, which is there where a sample may do better for the row's file.
+    QPushButton *sampleLink() const { return m_sampleLink; }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QTreeWidget *m_tree;
+    QPushButton *m_sampleLink;
 };

@@ -6,16 +6,6 @@
 
 #include <QFileInfo>
 
-QString BrowseRepair::pathOfSampleRow() const
-{
-    for (const RefScan &entry : lstRowButtons) {
-        if (entry.nId != pApp->nSampleFormatId) continue;
-        const QTreeWidgetItem *row = firstRowNamed(entry.strName, Qt::CaseInsensitive);
-        return row ? row->text(column::Path) : QString();
-    }
-    return {};
-}
-
 void BrowseRepair::OnRepairHEICWithRefFiles()
 {
     if (m_leaving) setFlag(pApp->bStopRepair, true);
@@ -25,22 +15,20 @@ void BrowseRepair::OnRepairHEICWithRefFiles()
         emit EnableProgressBar();
         emit ShowProgress();
     });
-    const QString path = m_plan.rows.value(0).path;
-    const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, path);
+    const RunRow row = m_plan.rows.value(0);
+    const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, row.path, row.sampleName);
     const OutputRows rows = makeSampleRows(outcome);
     const bool stopped = stopRequested();
     if (stopped) resetRunFields();
-    postToRun([this, rows, stopped, fileName = QFileInfo(path).fileName(), outcome] {
-        showHeicSampleOutput(fileName, rows, outcome);
-        m_stopSeen = stopped;
-        emit CompletionMsgBox();
+    postToRun([this, rows, stopped, row = row.row, outcome] {
+        showHeicSampleOutput(row, rows, outcome);
+        finishRunAgain(stopped);
     });
 }
 
-void BrowseRepair::showHeicSampleOutput(const QString &fileName, const OutputRows &rows, const FileOutcome &outcome)
+void BrowseRepair::showHeicSampleOutput(int row, const OutputRows &rows, const FileOutcome &outcome)
 {
-    QTreeWidgetItem *target = firstRowNamed(fileName, Qt::CaseInsensitive);
-    if (!target) return;
+    QTreeWidgetItem *target = sourceRow(row);
     if (!rows.rows.isEmpty()) {
         target->setText(column::Status, QLatin1String(status::Repaired));
         // The tiles alone of the run before lay under the same name, and are replaced.
@@ -49,11 +37,7 @@ void BrowseRepair::showHeicSampleOutput(const QString &fileName, const OutputRow
         addOutputRow(target, rows.rows.first(), false, false);
         target->child(target->childCount() - 1)->setCheckState(column::Name, Qt::Checked);
         bHasRepaired = true;
-        for (int i = 0; i < lstRowButtons.size(); ++i) {
-            if (lstRowButtons[i].strName.compare(fileName, Qt::CaseInsensitive) != 0) continue;
-            emit showCustomButton(unsigned(i));
-            break;
-        }
+        emit showCustomButton(unsigned(row));
     }
-    setReport(target, outcome);
+    showSampleReport(row, outcome);
 }

@@ -26,6 +26,10 @@ void MyTreeWidget::keyPressEvent(QKeyEvent *event)
 void MyTreeWidget::contextMenuEvent(QContextMenuEvent *event)
 {
     event->accept();
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    QTreeWidgetItem *row = byKey ? currentItem() : itemAt(viewport()->mapFromGlobal(event->globalPos()));
+    if (!row) return;
+    emit menuAsked(row, byKey ? viewport()->mapToGlobal(visualItemRect(row).bottomLeft()) : event->globalPos());
 }
 
 void MyTreeWidget::setRowButton(QTreeWidgetItem *row, int column, CustomButton *button)

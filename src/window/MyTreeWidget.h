@@ -1,4 +1,4 @@
-// The tree of results: the space key does nothing in it, it has no context menu, and its rows can hold a button.
+// The tree of results: the space key does nothing in it, and its rows can hold a button.
 #pragma once
 
 #include <QHash>
@@ -26,6 +26,8 @@ signals:
     void rowReached(QTreeWidgetItem *item);
     /// Return was pressed on a row.
     void rowEntered(QTreeWidgetItem *item);
+    /// The context menu of a row was asked for, by mouse or keyboard; `place` on the screen.
+    void menuAsked(QTreeWidgetItem *item, const QPoint &place);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -13,6 +13,7 @@
 #include "window/ResultOrder.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
+#include "window/SecondTry.h"
 #include "window/ui_BrowseRepairObj.h"
 
 namespace {
@@ -44,8 +45,12 @@ CustomButton *BrowseRepair::buttonOf(const QTreeWidgetItem *row) const
 {
     if (!row || lstRowButtons.isEmpty()) return nullptr;
     // Ids run on from the first: a run may have thousands of rows, and this is asked for each.
-    const int index = int(row->text(column::ButtonId).toUInt() - lstRowButtons.first().nId);
-    return lstRowButtons.value(index).pButton;
+    return lstRowButtons.value(numberOf(row)).pButton;
+}
+
+int BrowseRepair::numberOf(const QTreeWidgetItem *source) const
+{
+    return int(source->text(column::ButtonId).toUInt() - lstRowButtons.first().nId);
 }
 
 void BrowseRepair::showTitle()
@@ -97,9 +102,10 @@ void BrowseRepair::OnCompletionMsgBox()
     const int invalid = countRows(pResultTree, [](const auto *row) { return hasStatus(row, {status::Invalid}); });
     const int outputs = countRows(pResultTree, isOutput);
     ui->SaveRepairBtn_2->setEnabled(outputs > 0 && invalid != all);
-    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)
+    for (QTreeWidgetItemIterator it(pResultTree); *it && !m_plan.again; ++it)
         if (isOutput(*it)) (*it)->setCheckState(column::Name, Qt::Checked);
     ui->checkBox1_2->setCheckState(outputs == 0 ? Qt::Unchecked : Qt::Checked);
+    if (m_plan.again) countChecks(); // what was ticked or saved before the run is as it was
     pResultTree->setFocus();
     showFindings();
 }
@@ -108,6 +114,7 @@ void BrowseRepair::showFindings()
 {
     m_order->resume();
     m_summary->refresh();
+    m_secondTry->refresh();
     if (!pResultTree->currentItem()) pResultTree->setCurrentItem(pResultTree->topLevelItem(0));
     m_details->showRow(pResultTree->currentItem());
 }

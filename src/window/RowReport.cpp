@@ -1,5 +1,7 @@
 #include "window/RowReport.h"
 
+#include "engine/OutputRows.h"
+#include "engine/SourceJudge.h"
 #include "window/ReportText.h"
 #include "window/RowWords.h"
 #include "window/RunPlan.h"
@@ -41,15 +43,42 @@ bool names(const RepairReport &report, const QString &output)
                        [&](const OutputReport &o) { return QString(o.name).remove('/') == output; });
 }
 
-/// Shows a picture of the file once more, beside what the file itself gave.
-bool isSecondTry(const QTreeWidgetItem *output)
+bool isBySample(const QTreeWidgetItem *output)
 {
-    if (isSalvaged(output)) return true;
     const RepairReport *report = reportOf(output);
     if (!report) return false;
     return std::any_of(report->outputs.begin(), report->outputs.end(), [&](const OutputReport &o) {
         return o.way == RepairWay::Sample && QString(o.name).remove('/') == output->text(column::Name);
     });
+}
+
+/// Shows a picture of the file once more, beside what the file itself gave.
+bool isSecondTry(const QTreeWidgetItem *output)
+{
+    return isSalvaged(output) || isBySample(output);
+}
+
+SharedOutcome withoutIcons(FileOutcome outcome)
+{
+    for (OutputReport &output : outcome.report.outputs) output.icon = QImage(); // the row has it
+    outcome.report.salvage.icon = QImage();
+    return std::make_shared<FileOutcome>(outcome);
+}
+
+/// What is known of a source once a sample was tried for it. Where other results of it stand, these are told of as before.
+FileOutcome merged(const FileOutcome &earlier, const FileOutcome &sample)
+{
+    FileOutcome all = sample;
+    all.report.salvage = earlier.report.salvage;
+    QVector<OutputReport> kept;
+    for (const OutputReport &output : earlier.report.outputs)
+        if (!isThumbnailName(output.name) && !names(sample.report, QString(output.name).remove('/'))) kept << output;
+    if (kept.isEmpty()) return all;
+    all.report = earlier.report;
+    all.report.outputs = kept + sample.report.outputs;
+    all.report.reason = sample.report.reason;
+    if (!sample.results.isEmpty()) all.report.tilesAlone = false;
+    return all;
 }
 
 void setCells(QTreeWidgetItem *row, const QString &tip)
@@ -73,16 +102,23 @@ void describeOutput(QTreeWidgetItem *output)
 
 void keepReport(QTreeWidgetItem *source, const FileOutcome &outcome)
 {
-    FileOutcome kept = outcome;
-    for (OutputReport &output : kept.report.outputs) output.icon = QImage(); // the row has it
-    kept.report.salvage.icon = QImage();
-    const QVariant shared = QVariant::fromValue(SharedOutcome(std::make_shared<FileOutcome>(kept)));
+    const QVariant shared = QVariant::fromValue(withoutIcons(outcome));
     source->setData(column::Name, kOutcome, shared);
     for (int i = 0; i < source->childCount(); ++i) {
         QTreeWidgetItem *output = source->child(i);
         if (!reportOf(output) || names(outcome.report, output->text(column::Name)))
             output->setData(column::Name, kOutcome, shared);
     }
+    describeRows(source);
+}
+
+void keepSampleReport(QTreeWidgetItem *source, const FileOutcome &outcome)
+{
+    if (outcome.report.reason == RepairReason::Stopped) return;
+    const FileOutcome *earlier = outcomeOf(source);
+    const FileOutcome all = earlier ? merged(*earlier, outcome) : outcome;
+    keepReport(source, outcome);
+    source->setData(column::Name, kOutcome, QVariant::fromValue(withoutIcons(all)));
     describeRows(source);
 }
 
@@ -157,6 +193,47 @@ Found foundIn(const QTreeWidgetItem *source)
             own = std::max(own, one);
     }
     return std::min(own, again);
+}
+
+bool isOpenToSample(const QTreeWidgetItem *row)
+{
+    const QString code = row->text(column::Status);
+    return code == QLatin1String(status::Invalid) || code == QLatin1String(status::StoppedSample)
+        || code == QLatin1String(status::Queued);
+}
+
+bool wasSampleTried(const QTreeWidgetItem *source)
+{
+    const RepairReport *report = reportOf(source);
+    if (report && report->reason == RepairReason::SampleUnfit) return true;
+    for (int i = 0; i < source->childCount(); ++i)
+        if (isBySample(source->child(i))) return true;
+    return false;
+}
+
+bool mayTrySample(const QTreeWidgetItem *source)
+{
+    if (isOpenToSample(source)) return true;
+    const QString suffix = source->text(column::Path).section('.', -1).toUpper();
+    const RepairReport *report = reportOf(source);
+    static const QStringList taken{"JPG", "JPEG", "HEIC"};
+    if (!report || report->sourceHealthy || !taken.contains(suffix)) return false;
+    const RepairReason reason = report->reason;
+    if (reason != RepairReason::None && reason != RepairReason::DiskFull && !sampleMayHelp(*report)) return false;
+    // A picture that is whole may have got the wrong colours from its sample.
+    return foundIn(source) != Found::Whole || wasSampleTried(source);
+}
+
+SampleName nameForSample(const QTreeWidgetItem *source)
+{
+    const QString told = workingName(source->text(column::Path));
+    for (int i = 0; i < source->childCount(); ++i) {
+        const QTreeWidgetItem *output = source->child(i);
+        if (output->text(column::Name) != told) continue;
+        const RepairReport *report = reportOf(output);
+        return report && report->tilesAlone ? SampleName::Better : SampleName::Further;
+    }
+    return SampleName::Told;
 }
 
 bool holdsTilesAlone(const QTreeWidgetItem *source)

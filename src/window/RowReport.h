@@ -17,6 +17,9 @@ enum class Found {
 
 /// Keeps what was done for a source at its row and at the rows of those outputs that it names, and describes them.
 void keepReport(QTreeWidgetItem *source, const FileOutcome &outcome);
+/// The same of a run with a sample: what the file gave before stays known beside it, and all of it where the sample gave
+/// nothing because of a stop.
+void keepSampleReport(QTreeWidgetItem *source, const FileOutcome &outcome);
 /// Keeps how much of an output's picture is there, in front of keepReport().
 void keepWholeness(QTreeWidgetItem *output, const Wholeness &wholeness);
 /// Null for a row that has none as yet.
@@ -33,5 +36,13 @@ void describeRows(QTreeWidgetItem *source);
 Found foundIn(const QTreeWidgetItem *source);
 /// What one output is; tiles alone are never whole.
 Found foundInOutput(const QTreeWidgetItem *output);
+/// True for a row that the repair with a sample has failed for, or that no other way has repaired: it has a button.
+bool isOpenToSample(const QTreeWidgetItem *row);
+/// True for a source whose result isn't whole, or was made with a sample, and that another sample may do better for.
+bool mayTrySample(const QTreeWidgetItem *source);
+/// True where a sample was tried for the source, whatever came of it.
+bool wasSampleTried(const QTreeWidgetItem *source);
+/// The name under which the next sample's result leaves what stands below the source. While no worker runs.
+SampleName nameForSample(const QTreeWidgetItem *source);
 /// True for the row of a HEIC of which the tiles alone came out: it counts as repaired, but a sample is wanted.
 bool holdsTilesAlone(const QTreeWidgetItem *source);

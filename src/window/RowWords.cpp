@@ -19,16 +19,10 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(RowWords)
 };
 
-/// True where the row has the link that leads to the repair with a sample.
-bool hasLink(const QTreeWidgetItem *source)
+QString sampleAdvice(const QTreeWidgetItem *source)
 {
-    const QString code = source->text(column::Status);
-    return code == QLatin1String(status::Invalid) || code == QLatin1String(status::StoppedSample)
-        || code == QLatin1String(status::Queued) || holdsTilesAlone(source);
-}
-
-QString sampleAdvice()
-{
+    if (!isOpenToSample(source) && !holdsTilesAlone(source))
+        return Words::tr("Next: press \"%1\" and give a healthy photo from the same camera.").arg(sampleWords(source));
     return Words::tr("Next: press \"%1\" in its row and give a healthy photo from the same camera.")
         .arg(QCoreApplication::translate("BrowseRepair", "Advance Repair"));
 }
@@ -62,7 +56,8 @@ QString adviceForNothing(const RepairReport &report, const QTreeWidgetItem *sour
     default: break;
     }
     const bool unfit = report.reason == RepairReason::SampleUnfit;
-    if (hasLink(source) && (unfit || sampleMayHelp(report))) return unfit ? otherSampleAdvice() : sampleAdvice();
+    if (mayTrySample(source) && (unfit || sampleMayHelp(report)))
+        return unfit ? otherSampleAdvice() : sampleAdvice(source);
     return deepSalvageMayHelp(source->text(column::Path), report) ? QString() : nothingHelps();
 }
 
@@ -101,7 +96,7 @@ QString adviceText(const QTreeWidgetItem *row)
     const QTreeWidgetItem *source = row->parent() ? row->parent() : row;
     const RepairReport *report = reportOf(source);
     if (!report) return {};
-    if (holdsTilesAlone(source)) return sampleAdvice();
+    if (holdsTilesAlone(source)) return sampleAdvice(source);
     switch (foundIn(source)) {
     case Found::Healthy: return Words::tr("Nothing needs to be done about it.");
     case Found::Whole: return Words::tr("Next: save it. Nothing more needs to be done.");
@@ -150,4 +145,9 @@ QIcon badge(Found found)
     case Found::Nothing: break;
     }
     return {};
+}
+
+QString sampleWords(const QTreeWidgetItem *source)
+{
+    return wasSampleTried(source) ? Words::tr("Try another sample") : Words::tr("Try a sample");
 }

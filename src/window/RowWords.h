@@ -14,5 +14,8 @@ QString adviceText(const QTreeWidgetItem *row);
 /// What stands under the preview for a row, without its name: a line each.
 QStringList detailLines(const QTreeWidgetItem *row);
 
+/// What leads to a sample, or another one, for a source for which mayTrySample() holds.
+QString sampleWords(const QTreeWidgetItem *source);
+
 /// The small picture that stands for it, told by its shape; null where there is none.
 QIcon badge(Found found);

@@ -28,7 +28,9 @@ bool isJpeg(const QString &suffix)
 
 void BrowseRepair::runDriver()
 {
-    if (pApp->bReferenceRepair)
+    if (!m_plan.salvaged.isEmpty())
+        salvageAgain();
+    else if (pApp->bReferenceRepair)
         OnRepairRefrenceFile();
     else if (pApp->bHeicReferenceRepair)
         OnRepairHEICWithRefFiles();
@@ -143,5 +145,6 @@ void BrowseRepair::postProgress(int number)
 
 void BrowseRepair::postStep(int number)
 {
-    postToRun([this, number] { emit SetFileProgressvalue(nSelectedCount == 1 ? 1 : unsigned(number)); });
+    postToRun(
+        [this, number, total = m_plan.rows.size()] { emit SetFileProgressvalue(total == 1 ? 1 : unsigned(number)); });
 }

@@ -11,10 +11,24 @@
 #include "window/ResultOrder.h"
 #include "window/ResultSummary.h"
 #include "window/RowReport.h"
+#include "window/SecondTry.h"
 #include "window/ui_BrowseRepairObj.h"
 
 #include <QFileInfo>
 #include <QPixmap>
+
+namespace {
+
+/// What an earlier run gave for a source is there, whatever comes of the run in hand.
+bool hasResult(const QTreeWidgetItem *row)
+{
+    const QTreeWidgetItem *source = row->parent() ? row->parent() : row;
+    for (int i = 0; i < source->childCount(); ++i)
+        if (source->child(i)->text(column::Status) == QLatin1String(status::Output)) return true;
+    return false;
+}
+
+} // namespace
 
 QString BrowseRepair::typeText(const QString &type)
 {
@@ -34,6 +48,7 @@ void BrowseRepair::showRunStart()
 {
     ui->progressBar_2->show();
     m_summary->hide();
+    m_secondTry->hide();
     m_details->showRow(nullptr);
     ui->BackBtn_2->setEnabled(false);
     lstRepairedInfo.clear();
@@ -84,12 +99,13 @@ void BrowseRepair::setReport(QTreeWidgetItem *source, const FileOutcome &outcome
 void BrowseRepair::finishStoppedRows()
 {
     m_stopSeen = true;
+    const bool withSample = !m_plan.samplePath.isEmpty(); // results of the run before are no part of this one
     bool behindStop = false;
     for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
         const QString code = (*it)->text(column::Status);
         if (code == QLatin1String(status::Stopped))
             behindStop = true;
-        else if (behindStop && code != QLatin1String(status::Invalid))
+        else if (behindStop && code != QLatin1String(status::Invalid) && !(withSample && hasResult(*it)))
             (*it)->setText(column::Status, QLatin1String(status::Stopped));
     }
     FileOutcome stopped;
@@ -236,6 +252,7 @@ void BrowseRepair::OnShowString()
 void BrowseRepair::OnShowProgress()
 {
     m_summary->hide();
+    m_secondTry->hide();
     m_details->showRow(nullptr); // they would lie over the words of the progress
     ui->StopRepairProcessBtn_2->show();
     ui->SaveRepairBtn_2->hide();

@@ -16,13 +16,6 @@
 
 namespace {
 
-bool isOpenToSample(const QTreeWidgetItem *row)
-{
-    const QString code = row->text(column::Status);
-    return code == QLatin1String(status::Invalid) || code == QLatin1String(status::StoppedSample)
-        || code == QLatin1String(status::Queued);
-}
-
 bool isHeic(const QString &suffix)
 {
     const QString upper = suffix.toUpper();
@@ -31,17 +24,12 @@ bool isHeic(const QString &suffix)
 
 } // namespace
 
-QTreeWidgetItem *BrowseRepair::firstRowNamed(const QString &name, Qt::CaseSensitivity sensitivity) const
+QTreeWidgetItem *BrowseRepair::sampleRow() const
 {
-    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it)
-        if ((*it)->text(column::Name).compare(name, sensitivity) == 0) return *it;
-    return nullptr;
-}
-
-QTreeWidgetItem *BrowseRepair::rowOfPath(const QString &path) const
-{
-    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i)
-        if (pResultTree->topLevelItem(i)->text(column::Path) == path) return pResultTree->topLevelItem(i);
+    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *source = pResultTree->topLevelItem(i);
+        if (source->text(column::ButtonId).toUInt() == pApp->nSampleFormatId) return source;
+    }
     return nullptr;
 }
 
@@ -52,23 +40,24 @@ void BrowseRepair::OnClickAddReference(unsigned int id)
     pApp->pReferenceFileDlg->reset();
     pApp->nSampleFormatId = id;
     strSampleList.clear();
+    const QTreeWidgetItem *source = sampleRow();
+    if (!source || !mayTrySample(source)) return;
+    const QFileInfo damaged(source->text(column::Path));
+    strSampleList.append(damaged.filePath());
+    pApp->strFileSuffix = damaged.suffix();
 
-    QString name;
-    for (const RefScan &entry : lstRowButtons)
-        if (entry.nId == id) name = entry.strName;
-    for (QTreeWidgetItemIterator it(pResultTree); *it; ++it) {
-        if (!(isOpenToSample(*it) || holdsTilesAlone(*it)) || (*it)->text(column::Name) != name) continue;
-        strSampleList.append((*it)->text(column::Path));
-        pApp->strFileSuffix = QFileInfo((*it)->text(column::Path)).suffix();
-        break;
-    }
-    if (strSampleList.isEmpty()) return;
-
-    pAdvancedDlg = new AdvancedRepairDlg(this, sampleText(strSampleList.first()), pApp->pReferenceFileDlg);
+    pAdvancedDlg = new AdvancedRepairDlg(this, sampleText(damaged.filePath()), pApp->pReferenceFileDlg);
+    pAdvancedDlg->setDamagedFile(damaged.fileName(), isHeic(damaged.suffix()));
+    pApp->pReferenceFileDlg->setDamagedFile(damaged.fileName());
     pAdvancedDlg->setAttribute(Qt::WA_DeleteOnClose);
     // Next only hides it, to make room for the second dialog.
     connect(pAdvancedDlg, &QDialog::finished, pAdvancedDlg, &QObject::deleteLater);
     pAdvancedDlg->show();
+}
+
+void BrowseRepair::askForSample(QTreeWidgetItem *source)
+{
+    OnClickAddReference(source->text(column::ButtonId).toUInt());
 }
 
 QString BrowseRepair::sampleText(const QString &path) const
@@ -82,23 +71,46 @@ void BrowseRepair::OnRefe_CheckBoxClicked()
     pApp->bApplyToAllSameFormat = pApp->pReferenceFileDlg->checkBox->isChecked();
 }
 
+RunRow BrowseRepair::sampleRunRow(const QTreeWidgetItem *source) const
+{
+    return {numberOf(source), source->text(column::Name), source->text(column::Path), nameForSample(source)};
+}
+
 void BrowseRepair::ReferenceRepairProcess()
 {
-    if (m_workerBusy) return;
+    const QTreeWidgetItem *asked = sampleRow();
+    if (m_workerBusy || !asked) return;
     m_order->suspend();
-    ui->label_5->clear();
     RunPlan plan;
     plan.samplePath = pApp->strSamplePath;
-    if (pApp->bHeicReferenceRepair) {
-        strSampleList = QStringList{pathOfSampleRow()}; // one file a run, whatever the box says
-    } else if (pApp->bApplyToAllSameFormat) {
+    // Whoever asks from a row that has results wants nothing else of these to change.
+    plan.again = !isOpenToSample(asked);
+    if (!pApp->bHeicReferenceRepair && pApp->bApplyToAllSameFormat) { // a HEIC is one a run, whatever the box says
         strSampleList.clear();
-        for (int i = 0; i < pResultTree->topLevelItemCount(); ++i)
-            if (isOpenToSample(pResultTree->topLevelItem(i)))
-                strSampleList.append(pResultTree->topLevelItem(i)->text(column::Path));
+        for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
+            const QTreeWidgetItem *source = pResultTree->topLevelItem(i);
+            const bool wanted = plan.again ? mayTrySample(source) : isOpenToSample(source);
+            if (!wanted || isHeic(QFileInfo(source->text(column::Path)).suffix())) continue;
+            strSampleList.append(source->text(column::Path));
+            plan.rows.append(sampleRunRow(source));
+        }
+    } else {
+        plan.rows.append(sampleRunRow(asked));
     }
-    for (const QString &path : qAsConst(strSampleList)) plan.rows.append({0, QFileInfo(path).fileName(), path});
-    startRun(plan);
+    startRunAgain(plan);
+}
+
+void BrowseRepair::startRunAgain(RunPlan plan)
+{
+    ui->label_5->clear();
+    say(ui->label_3, [this] { ui->label_3->setText(tr("Repairing Selected photos")); });
+    startRun(std::move(plan));
+}
+
+void BrowseRepair::finishRunAgain(bool stopped)
+{
+    m_stopSeen = stopped;
+    emit CompletionMsgBox();
 }
 
 void BrowseRepair::showSampleRunStart(int total)
@@ -114,28 +126,29 @@ void BrowseRepair::showSampleFile(const QString &name)
     say(ui->label_5, [this, name] { ui->label_5->setText(tr("Repairing File : ") + name); });
 }
 
-void BrowseRepair::showSampleOutput(const QString &fileName, const OutputRows &rows, bool stopped)
+void BrowseRepair::showSampleReport(int row, const FileOutcome &outcome)
 {
-    QTreeWidgetItem *target = firstRowNamed(fileName);
-    if (!target) return;
-    for (int i = 0; i < pResultTree->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem *source = pResultTree->topLevelItem(i);
-        if (source->text(column::Name) != fileName) continue;
-        if (CustomButton *button = buttonOf(source)) {
-            button->setText(QString());
-            button->hide();
-            button->setEnabled(false);
-        }
+    QTreeWidgetItem *source = sourceRow(row);
+    keepSampleReport(source, outcome);
+    if (CustomButton *button = buttonOf(source)) button->setToolTip(source->toolTip(column::Name));
+}
+
+void BrowseRepair::showSampleOutput(int row, const OutputRows &rows, bool stopped)
+{
+    QTreeWidgetItem *target = sourceRow(row);
+    if (CustomButton *button = buttonOf(target)) {
+        button->setText(QString());
+        button->hide();
+        button->setEnabled(false);
     }
-    if (stopped || rows.rows.isEmpty()) {
-        if (stopped) target->setText(column::Status, QLatin1String(status::Stopped));
-        return;
-    }
+    if (stopped && target->childCount() == 0) target->setText(column::Status, QLatin1String(status::Stopped));
+    if (stopped || rows.rows.isEmpty()) return;
     const OutputRow &output = rows.rows.first();
     if (!output.thumbnail) target->setText(column::Status, QLatin1String(status::Repaired));
     addOutputRow(target, output, false, true);
-    QTreeWidgetItem *child = target->child(target->childCount() - 1);
-    child->setCheckState(column::Name, Qt::Checked);
+    // Beside a picture that stands, noise is nothing to save.
+    const bool worthSaving = !m_plan.again || output.wholeness.completeness != Completeness::Doubtful;
+    target->child(target->childCount() - 1)->setCheckState(column::Name, worthSaving ? Qt::Checked : Qt::Unchecked);
     target->setData(column::Name, Qt::CheckStateRole, QVariant());
     bHasRepaired = true;
 }

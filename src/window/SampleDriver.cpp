@@ -2,6 +2,7 @@
 #include "app/StopFlag.h"
 #include "engine/OneFile.h"
 #include "window/BrowseRepair.h"
+#include "window/RowReport.h"
 
 #include <QFileInfo>
 #include <QTreeWidgetItem>
@@ -21,19 +22,18 @@ void BrowseRepair::OnRepairRefrenceFile()
     if (stopped) resetRunFields();
     postToRun([this, stopped, stopNoted] {
         if (stopNoted) finishStoppedRows();
-        m_stopSeen = stopped;
-        emit CompletionMsgBox();
+        finishRunAgain(stopped);
     });
 }
 
 BrowseRepair::SampleStep BrowseRepair::repairRowWithSample(const RunRow &row, int number)
 {
-    postToRun([this, path = row.path] {
-        if (QTreeWidgetItem *item = rowOfPath(path)) item->setText(column::Status, QLatin1String(status::Queued));
+    postToRun([this, row = row.row] {
+        if (isOpenToSample(sourceRow(row))) sourceRow(row)->setText(column::Status, QLatin1String(status::Queued));
     });
-    const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, row.path);
+    const FileOutcome outcome = repairOneFileWithSample(m_plan.samplePath, row.path, row.sampleName);
     if (outcome.results.isEmpty()) {
-        postToRun([this, path = row.path, outcome] { setReport(rowOfPath(path), outcome); });
+        postToRun([this, row = row.row, outcome] { showSampleReport(row, outcome); });
         return stopRequested() ? SampleStep::Leave : SampleStep::Next;
     }
     postToRun([this, name = QFileInfo(row.path).fileName()] { showSampleFile(name); });
@@ -43,10 +43,10 @@ BrowseRepair::SampleStep BrowseRepair::repairRowWithSample(const RunRow &row, in
     const bool last = number == m_plan.rows.size();
     const OutputRows rows = makeSampleRows(outcome);
     const bool stopped = stopRequested();
-    postToRun([this, number, last, rows, stopped, path = row.path, outcome] {
+    postToRun([this, number, last, rows, stopped, row = row.row, outcome] {
         emit SetFileProgressvalue(last ? 1 : unsigned(number));
-        showSampleOutput(QFileInfo(path).fileName(), rows, stopped);
-        setReport(firstRowNamed(QFileInfo(path).fileName()), outcome);
+        showSampleOutput(row, rows, stopped);
+        showSampleReport(row, outcome);
     });
     return stopped ? SampleStep::StopNoted : SampleStep::Next;
 }

@@ -42,6 +42,7 @@ Made makeAdvanced(QWidget *parent, const QString &text)
 {
     auto reference = new ReferenceFileDlg;
     auto dialog = std::make_unique<AdvancedRepairDlg>(parent, text, reference);
+    dialog->setDamagedFile(QString(150, 'n') + ".jpg", text != AdvancedRepairDlg::jpegText());
     QObject::connect(dialog.get(), &QObject::destroyed, reference, &QObject::deleteLater);
     return dialog;
 }
@@ -49,6 +50,7 @@ Made makeAdvanced(QWidget *parent, const QString &text)
 Made makeReference(QWidget *parent, bool withSample)
 {
     auto dialog = std::make_unique<ReferenceFileDlg>(parent);
+    dialog->setDamagedFile(QString(150, 'n') + ".jpg");
     if (!withSample) return dialog;
     static_cast<ScriptedChooser &>(fileChooser()).answers.push_back(QStringList{"/home/ann/DCIM/IMG_0001.JPG"});
     dialog->OnBrowseRefrenceFile();

@@ -198,7 +198,8 @@ void TestAccessible::tabGoesThroughThePage_data()
          "MiniMaBtn_2 closeBtn_2 pMoreToolsBtn"},
         {"run", State::Running, "StopRepairProcessBtn_2 HelpBtn_1 MiniMaBtn closeBtn pMoreToolsBtn"},
         {"results", State::Done,
-         "pResultTree graphicsView detailsPane checkBox1_2 checkBox3 SaveRepairBtn_2 BackBtn_2 UpdateBtn_2 HelpBtn_1 "
+         "pResultTree graphicsView detailsPane checkBox1_2 checkBox3 salvageOffer SaveRepairBtn_2 BackBtn_2 "
+         "UpdateBtn_2 HelpBtn_1 "
          "MiniMaBtn "
          "closeBtn rowButton pMoreToolsBtn partHealthy partNothing"},
     };
