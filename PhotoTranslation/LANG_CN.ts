@@ -81,6 +81,14 @@ Click Next to add a &apos; sample HEIC </source>
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>”</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>合适的样本能用任何看图程序打开，来自同一部手机，拍摄方式与损坏的照片相同：用同一个摄像头、同样的设置、同样的握持方向。</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>合适的样本能用任何看图程序打开，来自同一相机或手机，拍摄方式与损坏的照片相同：同样的设置、同样的握持方向。</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Do you want to go back to previous screen?</source>
     <message>
         <source>Reading the picture ...</source>
         <translation>正在读取图像...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>之前的处理仍在结束和清除中，完成后开始修复。</translation>
     </message>
 </context>
 <context>
@@ -981,6 +993,10 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>Images</source>
         <translation>图像</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>损坏的文件：</translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1351,6 +1367,22 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>Source: %1</source>
         <translation>源文件：%1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>下一步：按“%1”，并提供同一相机拍摄的完好照片。</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>未能得到照片本身，只得到文件中所含的较小图像。</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>换一个样本再试</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>用样本试试</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1412,6 +1444,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 要连同这些数据保存，请先在“文件”菜单中选择“放回相机数据”。</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 已保存为 %2，因为待修复的照片之一在该处使用此名称。</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1520,10 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>the disk failed or was removed</source>
         <translation>磁盘出现故障或已移除</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>修复后的文件为空</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1520,6 +1560,27 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>对 1 个文件尝试深度抢救</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>对 %n 个文件尝试深度抢救</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>更彻底地检查未能修复或只修复了一部分的文件。已有的结果保持不变。</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>尝试深度抢救</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1547,6 +1608,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>程序已损坏，请重新安装。(%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>已关闭的程序仍在清除其工作文件，完成后启动本程序。</translation>
     </message>
 </context>
 <context>

@@ -81,6 +81,14 @@ Klicken Sie auf „Weiter“ und fügen Sie ein „Beispiel-HEIC </translation>
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>“</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>Ein gutes Beispiel öffnet sich in jedem Betrachter und stammt vom selben Telefon, aufgenommen wie das beschädigte Foto: mit derselben Kamera des Telefons, denselben Einstellungen und gleich gehalten.</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>Ein gutes Beispiel öffnet sich in jedem Betrachter und stammt von derselben Kamera oder demselben Telefon, aufgenommen wie das beschädigte Foto: mit denselben Einstellungen und gleich gehalten.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     <message>
         <source>Reading the picture ...</source>
         <translation>Das Bild wird gelesen...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>Das zuvor Begonnene wird noch beendet und gelöscht; danach startet der Lauf.</translation>
     </message>
 </context>
 <context>
@@ -982,6 +994,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>Images</source>
         <translation>Bilder</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>Beschädigte Datei: </translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1359,6 +1375,22 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>Source: %1</source>
         <translation>Quelle: %1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>Weiter: „%1“ wählen und ein heiles Foto derselben Kamera angeben.</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>Das Bild selbst kam nicht heraus, nur kleinere, die in der Datei lagen.</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>Anderes Beispiel versuchen</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>Beispiel versuchen</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1420,6 +1452,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 Um sie damit zu speichern, vorher im Menü „Datei“ die Option „Kameradaten zurückgeben“ wählen.</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 wurde als %2 gespeichert, denn eines der zu reparierenden Fotos heißt dort so.</translation>
     </message>
 </context>
 <context>
@@ -1492,6 +1528,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>the disk failed or was removed</source>
         <translation>der Datenträger ist ausgefallen oder wurde entfernt</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>die reparierte Datei ist leer</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1528,6 +1568,28 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>Tiefenrettung für 1 Datei versuchen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>Tiefenrettung für %n Datei versuchen</numerusform>
+            <numerusform>Tiefenrettung für %n Dateien versuchen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>Durchsucht die Dateien, die nicht oder nur zum Teil herauskamen, gründlicher. Was herauskam, bleibt.</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>Tiefenrettung versuchen</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1555,6 +1617,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>Das Programm ist beschädigt. Bitte installieren Sie es neu. (%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>Das geschlossene Programm löscht noch seine Arbeitsdateien. Dieses startet danach.</translation>
     </message>
 </context>
 <context>

@@ -81,6 +81,14 @@ Click Next to add a &apos;sample HEIC </translation>
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>&apos;</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Do you want to go back to the previous screen?</translation>
     <message>
         <source>Reading the picture ...</source>
         <translation>Reading the picture ...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>What was begun before is still being ended and wiped; the run starts after that.</translation>
     </message>
 </context>
 <context>
@@ -982,6 +994,10 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <source>Images</source>
         <translation>Images</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>Damaged file: </translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1359,6 +1375,22 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <source>Source: %1</source>
         <translation>Source: %1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>Try another sample</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>Try a sample</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1420,6 +1452,10 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 was saved as %2, for one of the photos to repair has that name there.</translation>
     </message>
 </context>
 <context>
@@ -1492,6 +1528,10 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <source>the disk failed or was removed</source>
         <translation>the disk failed or was removed</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>the repaired file is empty</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1528,6 +1568,28 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>Try deep salvage for 1 file</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>Try deep salvage for %n files</numerusform>
+            <numerusform>Try deep salvage for %n files</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>Searches the files that are broken or there in part more thoroughly. What came out stays.</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>Try deep salvage</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1555,6 +1617,10 @@ Thumbnails are small-sized images of large JPEGs.</translation>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>The program is damaged. Please install it again. (%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>The program that was closed is still wiping its working files. This one starts after that.</translation>
     </message>
 </context>
 <context>

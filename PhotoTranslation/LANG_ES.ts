@@ -81,6 +81,14 @@ Haga clic en «Siguiente» para añadir un «HEIC de muestra </translation>
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>»</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>Una buena muestra se abre en cualquier visor y procede del mismo teléfono, tomada como la foto dañada: con la misma cámara del teléfono, los mismos ajustes y el teléfono sujeto de la misma manera.</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>Una buena muestra se abre en cualquier visor y procede de la misma cámara o del mismo teléfono, tomada como la foto dañada: con los mismos ajustes y la cámara sujeta de la misma manera.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Do you want to go back to previous screen?</source>
     <message>
         <source>Reading the picture ...</source>
         <translation>Leyendo la imagen...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>Lo iniciado antes todavía se está terminando y borrando; después empieza la reparación.</translation>
     </message>
 </context>
 <context>
@@ -982,6 +994,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>Images</source>
         <translation>Imágenes</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>Archivo dañado: </translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1359,6 +1375,22 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>Source: %1</source>
         <translation>Origen: %1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>Después: pulse «%1» y dé una foto intacta de la misma cámara.</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>La imagen en sí no se obtuvo; solo otras más pequeñas que estaban dentro del archivo.</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>Probar otra muestra</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>Probar una muestra</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1420,6 +1452,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 Para guardarlas con ellos, elija antes «Devolver los datos de la cámara» en el menú Archivo.</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 se guardó como %2, porque una de las fotos que se reparan tiene allí ese nombre.</translation>
     </message>
 </context>
 <context>
@@ -1492,6 +1528,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>the disk failed or was removed</source>
         <translation>el disco falló o se retiró</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>el archivo reparado está vacío</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1528,6 +1568,28 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>Probar el rescate profundo con 1 archivo</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>Probar el rescate profundo con %n archivo</numerusform>
+            <numerusform>Probar el rescate profundo con %n archivos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>Examina más a fondo los archivos no reparados o reparados en parte. Lo obtenido se conserva.</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>Probar el rescate profundo</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1555,6 +1617,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>El programa está dañado. Vuelva a instalarlo. (%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>El programa que se cerró todavía está borrando sus archivos de trabajo. Este se inicia después.</translation>
     </message>
 </context>
 <context>

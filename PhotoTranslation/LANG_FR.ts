@@ -81,6 +81,14 @@ Cliquez sur «&#xa0;Suivant&#xa0;» pour ajouter un «&#xa0;HEIC exemple </trans
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>&#xa0;»</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>Un bon exemple s’ouvre dans toute visionneuse et vient du même téléphone, pris comme la photo endommagée&#xa0;: avec le même objectif, les mêmes réglages et le téléphone tenu de la même façon.</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>Un bon exemple s’ouvre dans toute visionneuse et vient du même appareil ou téléphone, pris comme la photo endommagée&#xa0;: avec les mêmes réglages et l’appareil tenu de la même façon.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Voulez-vous revenir à l’écran précédent&#xa0;?</translation>
     <message>
         <source>Reading the picture ...</source>
         <translation>Lecture de l’image...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>Ce qui avait été commencé est encore en cours d’arrêt et d’effacement&#xa0;; la réparation démarre ensuite.</translation>
     </message>
 </context>
 <context>
@@ -982,6 +994,10 @@ Ce sont de petites images des grands JPEG.</translation>
         <source>Images</source>
         <translation>Images</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>Fichier endommagé&#xa0;: </translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1359,6 +1375,22 @@ Ce sont de petites images des grands JPEG.</translation>
         <source>Source: %1</source>
         <translation>Source&#xa0;:&#xa0;%1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>Ensuite&#xa0;: appuyez sur «&#xa0;%1&#xa0;» et donnez une photo intacte du même appareil.</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>L’image elle-même n’a pas pu être obtenue&#xa0;; seules de plus petites, contenues dans le fichier, l’ont été.</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>Essayer un autre exemple</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>Essayer un exemple</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1420,6 +1452,10 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 Pour les enregistrer avec celles-ci, choisissez d’abord «&#xa0;Remettre les données de l’appareil&#xa0;» dans le menu Fichier.</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 a été enregistré sous&#xa0;%2, car l’une des photos à réparer y porte ce nom.</translation>
     </message>
 </context>
 <context>
@@ -1492,6 +1528,10 @@ Ce sont de petites images des grands JPEG.</translation>
         <source>the disk failed or was removed</source>
         <translation>le disque est en panne ou a été retiré</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>le fichier réparé est vide</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1528,6 +1568,28 @@ Ce sont de petites images des grands JPEG.</translation>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>Essayer le sauvetage approfondi pour 1 fichier</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>Essayer le sauvetage approfondi pour&#xa0;%n fichier</numerusform>
+            <numerusform>Essayer le sauvetage approfondi pour&#xa0;%n fichiers</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>Examine plus à fond les fichiers non réparés ou réparés en partie. Ce qui a été obtenu reste.</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>Essayer le sauvetage approfondi</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1555,6 +1617,10 @@ Ce sont de petites images des grands JPEG.</translation>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>Le programme est endommagé. Veuillez le réinstaller. (%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>Le programme fermé efface encore ses fichiers de travail. Celui-ci démarre ensuite.</translation>
     </message>
 </context>
 <context>

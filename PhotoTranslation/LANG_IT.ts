@@ -81,6 +81,14 @@ Fare clic su “Avanti” per aggiungere un “HEIC campione </translation>
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>”</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>Un buon campione si apre in qualsiasi visualizzatore e viene dallo stesso telefono, scattato come la foto danneggiata: con la stessa fotocamera del telefono, le stesse impostazioni e il telefono tenuto allo stesso modo.</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>Un buon campione si apre in qualsiasi visualizzatore e viene dalla stessa fotocamera o dallo stesso telefono, scattato come la foto danneggiata: con le stesse impostazioni e la fotocamera tenuta allo stesso modo.</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Tornare alla schermata precedente?</translation>
     <message>
         <source>Reading the picture ...</source>
         <translation>Lettura dell’immagine...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>Quanto iniziato prima si sta ancora concludendo e cancellando; poi parte la riparazione.</translation>
     </message>
 </context>
 <context>
@@ -982,6 +994,10 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>Images</source>
         <translation>Immagini</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>File danneggiato: </translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1359,6 +1375,22 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>Source: %1</source>
         <translation>Origine: %1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>Poi: premere “%1” e dare una foto integra della stessa fotocamera.</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>L’immagine stessa non è stata ottenuta, ma solo altre più piccole contenute nel file.</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>Prova un altro campione</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>Prova un campione</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1420,6 +1452,10 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 Per salvarle con questi, scegliere prima “Rimetti i dati della fotocamera” nel menu File.</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 è stato salvato come %2, perché una delle foto da riparare ha lì quel nome.</translation>
     </message>
 </context>
 <context>
@@ -1492,6 +1528,10 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>the disk failed or was removed</source>
         <translation>il disco è guasto o è stato rimosso</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>il file riparato è vuoto</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1528,6 +1568,28 @@ Sono piccole immagini di JPEG grandi.</translation>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>Prova il restauro approfondito per 1 file</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>Prova il restauro approfondito per %n file</numerusform>
+            <numerusform>Prova il restauro approfondito per %n file</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>Esamina più a fondo i file non riparati o riparati in parte. Ciò che è stato ottenuto resta.</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>Prova il restauro approfondito</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1555,6 +1617,10 @@ Sono piccole immagini di JPEG grandi.</translation>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>Il programma è danneggiato. Installarlo di nuovo. (%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>Il programma chiuso sta ancora cancellando i suoi file di lavoro. Questo si avvia subito dopo.</translation>
     </message>
 </context>
 <context>

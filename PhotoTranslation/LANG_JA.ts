@@ -81,6 +81,14 @@ Click Next to add a &apos; sample HEIC </source>
         <comment>closes the quotation of the sample&apos;s kind</comment>
         <translation>」</translation>
     </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same phone, taken as the damaged photo was: with the same camera of it, the same settings, and the phone held the same way.</source>
+        <translation>よいサンプルとは、どのビューアーでも開き、同じスマートフォンで、壊れた写真と同じように撮られたものです。使ったカメラ（前面・背面）、設定、持ち方が同じものを選んでください。</translation>
+    </message>
+    <message>
+        <source>A good sample opens in any viewer and comes from the same camera or phone, taken as the damaged photo was: with the same settings, and the camera held the same way.</source>
+        <translation>よいサンプルとは、どのビューアーでも開き、同じカメラまたはスマートフォンで、壊れた写真と同じように撮られたものです。設定とカメラの向きが同じものを選んでください。</translation>
+    </message>
 </context>
 <context>
     <name>AdvancedRepairDlgObj</name>
@@ -447,6 +455,10 @@ Do you want to go back to previous screen?</source>
     <message>
         <source>Reading the picture ...</source>
         <translation>画像を読み込んでいます...</translation>
+    </message>
+    <message>
+        <source>What was begun before is still being ended and wiped; the run starts after that.</source>
+        <translation>前の処理の終了と消去がまだ続いています。終わりしだい修復を始めます。</translation>
     </message>
 </context>
 <context>
@@ -981,6 +993,10 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>Images</source>
         <translation>画像</translation>
     </message>
+    <message>
+        <source>Damaged file: </source>
+        <translation>壊れたファイル: </translation>
+    </message>
 </context>
 <context>
     <name>ReferenceFileDlgObj</name>
@@ -1351,6 +1367,22 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>Source: %1</source>
         <translation>元のファイル: %1</translation>
     </message>
+    <message>
+        <source>Next: press &quot;%1&quot; and give a healthy photo from the same camera.</source>
+        <translation>次の手順: ［%1］を押し、同じカメラの無事な写真を指定してください。</translation>
+    </message>
+    <message>
+        <source>The picture itself didn&apos;t come out; what did are smaller ones that were inside the file.</source>
+        <translation>写真そのものは取り出せませんでした。得られたのは、ファイルの中にあった小さな画像です。</translation>
+    </message>
+    <message>
+        <source>Try another sample</source>
+        <translation>別のサンプルで試す</translation>
+    </message>
+    <message>
+        <source>Try a sample</source>
+        <translation>サンプルで試す</translation>
+    </message>
 </context>
 <context>
     <name>SaveFile</name>
@@ -1412,6 +1444,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
         <translation>%1 含めて保存するには、先に［ファイル］メニューで［カメラの情報を戻す］を選んでください。</translation>
+    </message>
+    <message>
+        <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>
+        <translation>%1 は %2 として保存しました。修復する写真の一つが、そこで同じ名前を使っているためです。</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1520,10 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>the disk failed or was removed</source>
         <translation>ディスクに障害があるか、取り外されました</translation>
     </message>
+    <message>
+        <source>the repaired file is empty</source>
+        <translation>修復したファイルが空です</translation>
+    </message>
 </context>
 <context>
     <name>SavingFinishDlg</name>
@@ -1520,6 +1560,27 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
 </context>
 <context>
+    <name>SecondTry</name>
+    <message>
+        <source>Try deep salvage for 1 file</source>
+        <translation>1 個のファイルでディープサルベージを試す</translation>
+    </message>
+    <message numerus="yes">
+        <source>Try deep salvage for %n files</source>
+        <translation>
+            <numerusform>%n 個のファイルでディープサルベージを試す</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Searches the files that are broken or there in part more thoroughly. What came out stays.</source>
+        <translation>修復できなかったファイルや一部だけのファイルを、さらに詳しく調べます。これまでの結果はそのまま残ります。</translation>
+    </message>
+    <message>
+        <source>Try deep salvage</source>
+        <translation>ディープサルベージを試す</translation>
+    </message>
+</context>
+<context>
     <name>SingleInstance</name>
     <message>
         <source>The working folder &quot;%1&quot; can&apos;t be locked.</source>
@@ -1547,6 +1608,10 @@ Thumbnails are small sized images of large JPEGs.</source>
     <message>
         <source>The program is damaged. Please install it again. (%1)</source>
         <translation>プログラムが壊れています。インストールし直してください。(%1)</translation>
+    </message>
+    <message>
+        <source>The program that was closed is still wiping its working files. This one starts after that.</source>
+        <translation>終了したプログラムがまだ作業ファイルを消去しています。終わりしだい起動します。</translation>
     </message>
 </context>
 <context>
