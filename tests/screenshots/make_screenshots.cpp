@@ -1,6 +1,6 @@
 // Brings the real window to each state, with the damaged pictures of samples/, and takes a picture of it and of each
-// dialog. Usage: make_screenshots [--all|--help-pages] FOLDER; without an option only the pictures that the project's
-// documents show, with --help-pages those of the help pages, packed smaller.
+// dialog. Usage: make_screenshots [--all|--help-pages] [--language EN|DE|...] FOLDER; without an option only the pictures that
+// the project's documents show, with --help-pages those of the help pages, packed smaller.
 // scripts/screenshots runs it on a screen of its own.
 #include "screenshots/FewColours.h"
 
@@ -15,6 +15,8 @@
 #include <QAction>
 #include <QGraphicsView>
 #include <QLabel>
+#include <QMenu>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 namespace {
@@ -36,10 +38,13 @@ class Album
 {
 public:
     /// No names: all pictures. Few colours make small files.
-    Album(const QString &folder, const QStringList &names, bool fewColours)
-        : m_folder(folder), m_names(names), m_fewColours(fewColours)
+    Album(const QString &folder, const QStringList &names, bool fewColours, const Language *language)
+        : m_folder(folder), m_names(names), m_fewColours(fewColours), m_language(language)
     {
     }
+
+    /// Null for the texts of the source.
+    const Language *language() const { return m_language; }
 
     void take(QWidget *widget, const QString &name)
     {
@@ -80,7 +85,25 @@ private:
     QDir m_folder;
     QStringList m_names;
     bool m_fewColours;
+    const Language *m_language;
     bool m_whole = true;
+};
+
+/// The window in the language of an album, as a person has chosen it in the menu.
+class AlbumRoom : public WindowRoom
+{
+public:
+    explicit AlbumRoom(const Album &album)
+    {
+        if (!album.language()) return;
+        pApp->strResourcesPath = QFileInfo(KESMIRA_TRANSLATIONS).path();
+        pApp->strLinkPlistPath = m_links.filePath("links.plist"); // a click on a row asks it again
+        find<QMenu>("languageMenu")->actions().at(album.language()->number)->trigger();
+        if (album.language()->appTranslator->isEmpty()) qFatal("the texts of the language aren't built");
+    }
+
+private:
+    QTemporaryDir m_links;
 };
 
 QStringList samples(const WindowRoom &room)
@@ -94,7 +117,7 @@ QStringList samples(const WindowRoom &room)
 
 void fileList(Album &album)
 {
-    WindowRoom room;
+    AlbumRoom room(album);
     album.take(room.window.get(), "empty");
     const QStringList paths = samples(room);
     room.add(paths);
@@ -107,7 +130,7 @@ void fileList(Album &album)
 
 void run(Album &album)
 {
-    WindowRoom room;
+    AlbumRoom room(album);
     QStringList paths = samples(room);
     for (int i = 0; i < 60; ++i) paths << room.source(QString("IMG_%1.JPG").arg(1200 + i), photos::longWork());
     room.add(paths);
@@ -149,7 +172,7 @@ void saving(Album &album, WindowRoom &room)
 
 void results(Album &album)
 {
-    WindowRoom room;
+    AlbumRoom room(album);
     const QString failed = "IMG_0412.JPG";
     QStringList paths = samples(room);
     paths.insert(2, room.source(failed, photos::scanOnly()));
@@ -187,7 +210,7 @@ void results(Album &album)
 /// A picture that deep salvage alone wins, and one that it takes a while for.
 void deepSalvage(Album &album)
 {
-    WindowRoom room;
+    AlbumRoom room(album);
     auto *entry = room.window->findChild<QAction *>("actionDeepSalvage");
     entry->setChecked(true);
     const QByteArray lost = makeJpeg(drawPicture(640, 480, 3), {.optimised = true});
@@ -224,12 +247,19 @@ int main(int argc, char *argv[])
     QStringList arguments = QCoreApplication::arguments().mid(1);
     const bool all = arguments.removeAll("--all") > 0;
     const bool help = arguments.removeAll("--help-pages") > 0;
+    const Language *language = nullptr;
+    if (arguments.size() == 3 && arguments.first() == "--language") {
+        for (const Language &each : languages())
+            if (each.folder == arguments.at(1)) language = &each;
+        if (language) arguments = arguments.mid(2);
+    }
     if (arguments.size() != 1 || (all && help) || !QDir().mkpath(arguments.first())) {
-        QTextStream(stderr) << "Usage: make_screenshots [--all|--help-pages] FOLDER\n";
+        QTextStream(stderr)
+            << "Usage: make_screenshots [--all|--help-pages] [--language EN|DE|FR|IT|ES|JA|CN] FOLDER\n";
         return 2;
     }
     checkBuiltInTables();
-    Album album(arguments.first(), all ? QStringList() : help ? helpPictures : kept, help);
+    Album album(arguments.first(), all ? QStringList() : help ? helpPictures : kept, help, language);
     fileList(album);
     if (all || help) run(album);
     results(album);
