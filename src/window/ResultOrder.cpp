@@ -101,7 +101,13 @@ void ResultOrder::choose(int column)
 
 void ResultOrder::sortBy(int column, Qt::SortOrder order)
 {
+    QHeaderView *head = m_tree->header();
     m_tree->sortByColumn(column, order);
-    m_tree->header()->setSortIndicatorShown(column != kPlace);
+    head->setSortIndicatorShown(column != kPlace);
+    const int lacking = column == kPlace ? 0 : head->sectionSizeHint(column) - head->sectionSize(column);
+    if (lacking > 0) { // names make room for the arrow
+        head->resizeSection(column::Name, head->sectionSize(column::Name) - lacking);
+        head->resizeSection(column, head->sectionSize(column) + lacking);
+    }
     if (m_tree->currentItem()) m_tree->scrollToItem(m_tree->currentItem());
 }

@@ -4,7 +4,12 @@
 #include "window/Photos.h"
 #include "window/WindowRoom.h"
 
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QHeaderView>
+#include <QListView>
+#include <QPushButton>
+#include <QTimer>
 
 class TestWindowOrder : public QObject
 {
@@ -14,6 +19,7 @@ private slots:
     void resultsAreSorted();
     void thumbnailsKeepTheirMark();
     void questionGoesWithTheRun();
+    void allMarkedAreFiles();
 };
 
 void TestWindowOrder::resultsAreSorted()
@@ -74,6 +80,24 @@ void TestWindowOrder::questionGoesWithTheRun()
     QVERIFY(room.click("StopRepairProcessBtn_2"));
     QVERIFY(room.rest());
     QCOMPARE(room.complaint(), QString());
+}
+
+void TestWindowOrder::allMarkedAreFiles()
+{
+    RunFolder room;
+    const QStringList files{room.source("a.jpg", "x"), room.source("b.jpg", "x")};
+    room.source("folder/c.jpg", "x");
+    QTimer person;
+    connect(&person, &QTimer::timeout, [&person] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        auto *view = dialog ? dialog->findChild<QListView *>("listView") : nullptr;
+        if (!view || view->model()->rowCount(view->rootIndex()) < 3) return;
+        QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
+        dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open)->click();
+        if (dialog->isVisible()) dialog->reject();
+    });
+    person.start(20);
+    QCOMPARE(FileChooser().openFiles(nullptr, "Add", room.sources(), "Images (*.jpg)"), files);
 }
 
 QTEST_MAIN(TestWindowOrder)
