@@ -1,10 +1,11 @@
-// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged, DIR/raw and DIR/heic.
+// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged, DIR/raw, DIR/heic and DIR/update.
 #include "support/Cr3Maker.h"
 #include "support/Damage.h"
 #include "support/Files.h"
 #include "support/HeicMaker.h"
 #include "support/RawFile.h"
 #include "support/RawMaker.h"
+#include "support/ZipMaker.h"
 
 #include <cstdio>
 
@@ -43,5 +44,11 @@ int main(int argc, char **argv)
         for (const QByteArray &bytes : {made.bytes, expectedRewrite(made, made), made.stream}) heic.push_back(bytes);
     }
     writeAll(folder + QStringLiteral("/heic"), heic);
+
+    std::vector<QByteArray> updates{zipOf(madeBundle())};
+    for (const ZipEntry &more : {ZipEntry{"Kesmira.app/out", {}, ZipEntry::Link, "Contents/../../Other.app"},
+                                 ZipEntry{"../beside", "evil"}, ZipEntry{"Kesmira.app", {}, ZipEntry::Link, "."}})
+        updates.push_back(zipOf(madeBundle() << more));
+    writeAll(folder + QStringLiteral("/update"), updates);
     return 0;
 }

@@ -61,7 +61,8 @@ void QDownloadApp::downloadExe()
 
 QString QDownloadApp::elapsedText(qint64 milliseconds, qint64 received, qint64 total)
 {
-    total = std::max({total, received, qint64(0)}); // -1 where the server doesn't say
+    received = std::max(received, qint64(0));
+    total = std::max(total, received); // -1 where the server doesn't say
     const auto megabytes = [](qint64 bytes) { return QString::number(double(bytes) * kMiB, 'f', 2); };
     return tr("Time Elapsed: ") + QString::number(milliseconds / 1000) + tr(" sec ") + '(' + megabytes(received)
         + tr(" MB of  ") + megabytes(total) + tr(" MB copied) ");

@@ -2,6 +2,7 @@
 
 #include "desktop/platform/BundleInstall.h"
 #include "support/Files.h"
+#include "support/ZipMaker.h"
 #include "update/QDownloadApp.h"
 #include "update/UpdateRoom.h"
 
@@ -13,98 +14,69 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
-#include <archive.h>
-#include <archive_entry.h>
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/wait.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
 
 const QString kProgram = "Contents/MacOS/kesmira";
 
-struct Entry
-{
-    QByteArray path;
-    QByteArray bytes = {};
-    int type = AE_IFREG;
-    QByteArray link = {};
-    int mode = 0755;
-};
-using Entries = QList<Entry>;
-
-Entries goodBundle(const QByteArray &program = "new program")
-{
-    return {{"Kesmira.app/Contents/MacOS/kesmira", program},
-            {"Kesmira.app/Contents/Resources/a.txt", "new", AE_IFREG, {}, 0644},
-            {"Kesmira.app/Contents/current", {}, AE_IFLNK, "Resources/a.txt"}};
-}
-
-void writeZip(const QString &path, const Entries &entries)
-{
-    archive *writer = archive_write_new();
-    archive_write_set_format_zip(writer);
-    archive_write_open_filename(writer, QFile::encodeName(path).constData());
-    for (const Entry &each : entries) {
-        archive_entry *entry = archive_entry_new();
-        archive_entry_set_pathname(entry, each.path.constData());
-        archive_entry_set_filetype(entry, unsigned(each.type));
-        archive_entry_set_perm(entry, mode_t(each.mode));
-        archive_entry_set_size(entry, each.bytes.size());
-        if (!each.link.isEmpty()) archive_entry_set_symlink(entry, each.link.constData());
-        archive_write_header(writer, entry);
-        archive_write_data(writer, each.bytes.constData(), size_t(each.bytes.size()));
-        archive_entry_free(entry);
-    }
-    archive_write_close(writer);
-    archive_write_free(writer);
-}
-
 /// An installed bundle in a folder of its own.
 struct Installed
 {
     Installed()
     {
-        QDir().mkpath(folder.filePath("apps/Kesmira.app/Contents/MacOS"));
-        write("apps/Kesmira.app/" + kProgram, "old program");
-        write("apps/Kesmira.app/Contents/old.txt", "old");
-        write("beside.txt", "beside");
-    }
-    void write(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(folder.filePath(name));
-        if (file.open(QIODevice::WriteOnly)) file.write(bytes);
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        write(apps() + "/Kesmira.app/" + kProgram, "old program");
+        write(apps() + "/Kesmira.app/Contents/old.txt", "old");
+        write(folder.filePath("beside.txt"), "beside");
     }
     QString apps() const { return folder.filePath("apps"); }
-    /// Every file below the folder with its bytes, the archive aside.
-    QStringList tree() const
+    /// All that lies below the folder with its bytes and rights, the archive aside.
+    QByteArray tree() const
     {
-        QStringList lines;
-        QDirIterator it(folder.path(), QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                        QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QFileInfo info(it.next());
-            if (info.fileName() == "update.zip") continue;
-            const QString bytes = info.isFile() ? QString::fromLatin1(contents(info.filePath())) : QString();
-            lines << QDir(folder.path()).relativeFilePath(info.filePath()) + "=" + bytes;
-        }
-        lines.sort();
-        return lines;
+        QProcess tar;
+        tar.setWorkingDirectory(folder.path());
+        tar.start("sh", {"-c", "tar -c --sort=name --mtime=@0 --exclude=update.zip . | sha512sum"});
+        tar.waitForFinished();
+        return tar.readAllStandardOutput();
     }
-    QString install(const Entries &entries) const
+    QString install(const ZipEntries &entries) const
     {
-        const QString zip = folder.filePath("update.zip");
-        writeZip(zip, entries);
-        return installBundleFromArchive(zip, "Kesmira.app", kProgram, apps());
+        write(zip(), zipOf(entries));
+        return installArchive();
+    }
+    QString installArchive() const { return installBundleFromArchive(zip(), "Kesmira.app", kProgram, apps()); }
+    QString zip() const { return folder.filePath("update.zip"); }
+    QStringList beside() const
+    {
+        return QDir(apps()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
     QTemporaryDir folder;
 };
 
+QStringList systemCalls; ///< "sync PATH", and for the swap the programs in place around it, in their order
+bool syncFails = false;
+
 } // namespace
 
-Q_DECLARE_METATYPE(Entry)
+// In the place of the system's own.
+extern "C" int fsync(int file)
+{
+    systemCalls << "sync " + QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(file));
+    return syncFails ? -1 : int(::syscall(SYS_fsync, file));
+}
+extern "C" int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags) noexcept
+{
+    const QString program = QString::fromUtf8(to) + '/' + kProgram;
+    const QByteArray before = contents(program);
+    const int result = int(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
+    systemCalls << before + " -> " + contents(program);
+    return result;
+}
+
+Q_DECLARE_METATYPE(ZipEntries)
 
 class TestUpdateInstall : public QObject
 {
@@ -114,200 +86,149 @@ private slots:
     void swapsTheBundle();
     void refusals_data();
     void refusals();
-    void truncatedArchive();
-    void diskFull();
-    void killedAtAnyTime();
-    void labels_data();
+    void brokenArchives();
+    void endedOnItsWay();
     void labels();
     void download();
     void signatures_data();
     void signatures();
-    void failedDownload();
-    void folderOfTheBundle();
 };
 
 void TestUpdateInstall::swapsTheBundle()
 {
     const Installed installed;
-    QCOMPARE(installed.install(goodBundle()), QString());
+    syncFails = true;
+    const QByteArray before = installed.tree();
+    QVERIFY(!installed.install(madeBundle()).isEmpty());
+    QCOMPARE(installed.tree(), before); // what isn't on the disk isn't put in place
+    syncFails = false;
+    systemCalls.clear();
+    QCOMPARE(installed.install(madeBundle()), QString());
     const QString bundle = installed.apps() + "/Kesmira.app/";
     QCOMPARE(contents(bundle + kProgram), QByteArray("new program"));
     QVERIFY(QFileInfo(bundle + kProgram).isExecutable());
     QCOMPARE(contents(bundle + "Contents/current"), QByteArray("new"));
     QVERIFY(!QFileInfo::exists(bundle + "Contents/old.txt"));
-    QCOMPARE(QDir(installed.apps()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-             QStringList("Kesmira.app"));
+    QCOMPARE(installed.beside(), QStringList("Kesmira.app"));
+    const QStringList synced = systemCalls.mid(0, systemCalls.indexOf("old program -> new program"));
+    // One step, in which there is never no program: whoever is ended here leaves a whole one.
+    QVERIFY(synced.size() < systemCalls.size() && systemCalls.last() == "sync " + installed.apps());
+    for (const char *part : {"", "/Contents/MacOS", "/Contents/MacOS/kesmira", "/Contents/Resources/a.txt"})
+        QCOMPARE(synced.filter(QRegularExpression(QString("/Kesmira.app%1$").arg(part))).size(), 1);
 }
 
 void TestUpdateInstall::refusals_data()
 {
-    QTest::addColumn<Entries>("entries");
-    const auto with = [](const Entry &entry) { return Entries(goodBundle()) << entry; };
-    QTest::newRow("climbs out") << with({"../beside.txt", "evil"});
-    QTest::newRow("climbs out further in") << with({"Kesmira.app/../../beside.txt", "evil"});
-    QTest::newRow("absolute") << with({"/tmp/kesmira-evil", "evil"});
-    QTest::newRow("link out") << with({"Kesmira.app/out", {}, AE_IFLNK, "../../../beside.txt"});
-    QTest::newRow("absolute link") << with({"Kesmira.app/out", {}, AE_IFLNK, "/etc/passwd"});
-    QTest::newRow("through a link") << (Entries{{"Kesmira.app", {}, AE_IFLNK, "."}, {"Kesmira.app/x", "evil"}});
-    QTest::newRow("link out of the bundle alone")
-        << (with({"Kesmira.app/out", {}, AE_IFLNK, "../Other"}) << Entry{"Other", "x"});
-    QTest::newRow("link to nothing") << with({"Kesmira.app/out", {}, AE_IFLNK, "none"});
-    QTest::newRow("bundle that is a link")
-        << (Entries{{"Other/" + kProgram.toLatin1(), "x"}, {"Kesmira.app", {}, AE_IFLNK, "Other"}});
-    QTest::newRow("link to the program's folder")
-        << (Entries{{"Kesmira.app/Contents/bin/kesmira", "x"}, {"Kesmira.app/Contents/MacOS", {}, AE_IFLNK, "bin"}});
-    QTest::newRow("no bundle") << Entries{{"Other.app/" + kProgram.toLatin1(), "x"}};
-    QTest::newRow("no program") << Entries{{"Kesmira.app/Contents/a.txt", "x"}};
-    QTest::newRow("program that can't run") << Entries{{"Kesmira.app/" + kProgram.toLatin1(), "x", AE_IFREG, {}, 0644}};
-    QTest::newRow("twice the same file") << with({"Kesmira.app/Contents/MacOS/kesmira", "another"});
-    QTest::newRow("empty") << Entries{};
+    QTest::addColumn<ZipEntries>("entries");
+    const QByteArray program = "Kesmira.app/" + kProgram.toLatin1();
+    const auto row = [](const char *name, const ZipEntries &entries) { QTest::newRow(name) << entries; };
+    const auto with = [&](const char *name, const char *path, const char *link) {
+        row(name,
+            ZipEntries(madeBundle()) << ZipEntry{path, link ? "" : "evil", link ? ZipEntry::Link : ZipEntry::Program,
+                                                 link});
+    };
+    with("climbs out", "../beside.txt", nullptr);
+    with("climbs out further in", "Kesmira.app/../../beside.txt", nullptr);
+    with("absolute", "/tmp/kesmira-evil", nullptr);
+    with("twice the same file", program, nullptr);
+    with("link out", "Kesmira.app/out", "../../../beside.txt");
+    with("absolute link", "Kesmira.app/out", "/etc/passwd");
+    with("link to nothing", "Kesmira.app/out", "none");
+    with("link out of the bundle alone", "Kesmira.app/out", "..");
+    row("through a link", {{"Kesmira.app", {}, ZipEntry::Link, "."}, {"Kesmira.app/x", "evil"}});
+    row("bundle that is a link", {{"Other/" + kProgram.toLatin1(), "x"}, {"Kesmira.app", {}, ZipEntry::Link, "Other"}});
+    row("link to the program's folder",
+        {{"Kesmira.app/Contents/bin/kesmira", "x"}, {"Kesmira.app/Contents/MacOS", {}, ZipEntry::Link, "bin"}});
+    row("no bundle", {{"Other.app/" + kProgram.toLatin1(), "x"}});
+    row("no program", {{"Kesmira.app/Contents/a.txt", "x"}});
+    row("program that can't run", {{program, "x", ZipEntry::Plain}});
+    row("empty", {});
 }
 
 void TestUpdateInstall::refusals()
 {
-    QFETCH(Entries, entries);
+    QFETCH(ZipEntries, entries);
     const Installed installed;
-    const QStringList before = installed.tree();
+    const QByteArray before = installed.tree();
     QVERIFY(!installed.install(entries).isEmpty());
     QCOMPARE(installed.tree(), before);
     QVERIFY(!QFileInfo::exists("/tmp/kesmira-evil"));
 }
 
-void TestUpdateInstall::truncatedArchive()
+void TestUpdateInstall::brokenArchives()
 {
     const Installed installed;
-    const QStringList before = installed.tree();
-    const QString zip = installed.folder.filePath("update.zip");
-    writeZip(zip, goodBundle(QByteArray(5000, 'p')));
-    const QByteArray whole = contents(zip);
-    for (int size : {0, 10, 100, int(whole.size()) / 2}) {
-        installed.write("update.zip", whole.left(size));
-        QVERIFY2(!installBundleFromArchive(zip, "Kesmira.app", kProgram, installed.apps()).isEmpty(),
-                 qPrintable(QString::number(size)));
+    const QByteArray before = installed.tree();
+    const QByteArray whole = zipOf(madeBundle(QByteArray(300000, 'p')));
+    for (const int size : {0, 10, 100, whole.size() / 2, whole.size()}) { // the last on a full disk
+        write(installed.zip(), whole.left(size));
+        rlimit limit{};
+        ::getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit small{100000, limit.rlim_max}; // bytes that a file may hold
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &small);
+        const QString problem = installed.installArchive();
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        QVERIFY2(!problem.isEmpty(), qPrintable(QString::number(size)));
         QCOMPARE(installed.tree(), before);
     }
-    QVERIFY(!installBundleFromArchive(zip + ".none", "Kesmira.app", kProgram, installed.apps()).isEmpty());
-    QVERIFY(!installBundleFromArchive(zip, "Kesmira.app", kProgram, installed.folder.filePath("beside.txt")).isEmpty());
+    QVERIFY(!installBundleFromArchive("/none", "Kesmira.app", kProgram, installed.apps()).isEmpty());
+    QVERIFY(!installBundleFromArchive(installed.zip(), "Kesmira.app", kProgram, installed.zip()).isEmpty());
 }
 
-void TestUpdateInstall::diskFull()
+void TestUpdateInstall::endedOnItsWay()
 {
-    const Installed installed;
-    const QStringList before = installed.tree();
-    const QString zip = installed.folder.filePath("update.zip");
-    writeZip(zip, goodBundle(QByteArray(300000, 'p')));
-    // In a process of its own: no file may grow past 100 KB.
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{100000, 100000};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        const bool told = !installBundleFromArchive(zip, "Kesmira.app", kProgram, installed.apps()).isEmpty();
-        ::_exit(told ? 0 : 1);
-    }
-    int status = 1;
-    ::waitpid(child, &status, 0);
-    QVERIFY(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    QCOMPARE(installed.tree(), before);
-}
-
-void TestUpdateInstall::killedAtAnyTime()
-{
-    const Entries entries = goodBundle(QByteArray(300000, 'p'));
-    int before = 0;
-    int after = 0;
-    for (int delay = 0; after < 5 && delay < 400000; delay += 500) {
-        const Installed installed;
-        const QString zip = installed.folder.filePath("update.zip");
-        writeZip(zip, entries);
-        const pid_t child = ::fork();
-        if (child == 0) {
-            installBundleFromArchive(zip, "Kesmira.app", kProgram, installed.apps());
-            ::_exit(0);
-        }
-        ::usleep(useconds_t(delay));
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        const QString bundle = installed.apps() + "/Kesmira.app/";
-        const bool fresh = contents(bundle + kProgram) == entries[0].bytes;
-        QCOMPARE(contents(bundle + (fresh ? "Contents/Resources/a.txt" : "Contents/old.txt")),
-                 QByteArray(fresh ? "new" : "old"));
-        ++(fresh ? after : before);
-        clearInstallLeftovers("Kesmira.app", installed.apps());
-        QCOMPARE(QDir(installed.apps()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 QStringList("Kesmira.app"));
-    }
-    QVERIFY(before > 0 && after > 0);
-
-    const Installed aside; // as earlier versions left it
-    QDir(aside.apps()).mkpath(".kesmira-update-a");
-    QVERIFY(QDir(aside.apps()).rename("Kesmira.app", ".kesmira-update-a/old"));
-    clearInstallLeftovers("Kesmira.app", aside.apps());
-    QCOMPARE(aside.tree(), Installed().tree());
-}
-
-void TestUpdateInstall::labels_data()
-{
-    QTest::addColumn<int>("milliseconds");
-    QTest::addColumn<qint64>("received");
-    QTest::addColumn<qint64>("total");
-    QTest::addColumn<QString>("elapsed");
-    QTest::addColumn<QString>("rate");
-    constexpr qint64 kMB = 1 << 20;
-    QTest::newRow("form") << 3999 << kMB * 3 / 2 << kMB * 10 << "Time Elapsed: 3 sec (1.50 MB of  10.00 MB copied) "
-                          << "Transfer Rate: 341 KB/sec ";
-    QTest::newRow("of unknown size") << 500 << kMB << qint64(-1) << "Time Elapsed: 0 sec (1.00 MB of  1.00 MB copied) "
-                                     << "";
-    QTest::newRow("under a second") << 999 << kMB * 8 << kMB * 10
-                                    << "Time Elapsed: 0 sec (8.00 MB of  10.00 MB copied) "
-                                    << "";
-    QTest::newRow("under a megabyte") << 2000 << kMB / 2 << kMB / 2
-                                      << "Time Elapsed: 2 sec (0.50 MB of  0.50 MB copied) "
-                                      << "";
-    QTest::newRow("whole megabytes count")
-        << 1000 << kMB * 2 - 1 << kMB * 2 << "Time Elapsed: 1 sec (2.00 MB of  2.00 MB copied) "
-        << "Transfer Rate: 1024 KB/sec ";
+    const Installed ended;
+    const QByteArray before = ended.tree();
+    QDir(ended.apps()).mkpath(".kesmira-update-a/new/Kesmira.app");
+    clearInstallLeftovers("Kesmira.app", ended.apps());
+    QCOMPARE(ended.tree(), before);
+    QDir(ended.apps()).mkpath(".kesmira-update-a"); // as earlier versions left it
+    QVERIFY(QDir(ended.apps()).rename("Kesmira.app", ".kesmira-update-a/old"));
+    clearInstallLeftovers("Kesmira.app", ended.apps());
+    QCOMPARE(ended.tree(), before);
 }
 
 void TestUpdateInstall::labels()
 {
-    QFETCH(int, milliseconds);
-    QFETCH(qint64, received);
-    QFETCH(qint64, total);
-    QTEST(QDownloadApp::elapsedText(milliseconds, received, total), "elapsed");
-    QTEST(QDownloadApp::rateText(milliseconds, received), "rate");
+    constexpr qint64 kMB = 1 << 20;
+    const std::tuple<int, qint64, qint64, const char *, const char *> table[] = {
+        {3999, kMB * 3 / 2, kMB * 10, "3 sec (1.50 MB of  10.00", "341"},
+        {500, kMB, -1, "0 sec (1.00 MB of  1.00", ""}, // the server doesn't say
+        {2000, kMB * 3, kMB, "2 sec (3.00 MB of  3.00", "1536"},
+        {2000, -1, -1, "2 sec (0.00 MB of  0.00", ""},
+        {999, kMB * 8, kMB * 10, "0 sec (8.00 MB of  10.00", ""},
+        {1000, kMB * 2 - 1, kMB * 2, "1 sec (2.00 MB of  2.00", "1024"}, // whole ones count
+    };
+    for (const auto &[time, received, total, elapsed, rate] : table) {
+        QCOMPARE(QDownloadApp::elapsedText(time, received, total),
+                 QString("Time Elapsed: %1 MB copied) ").arg(elapsed));
+        QCOMPARE(QDownloadApp::rateText(time, received), *rate ? QString("Transfer Rate: %1 KB/sec ").arg(rate) : "");
+    }
 }
 
 void TestUpdateInstall::download()
 {
-    UpdateRoom room;
-    const QByteArray archive(3 << 20, 'z');
-    room.server.answers["/Kesmira.zip"] = {archive};
-    fillSoftwareUpdate("Major", "8.0.0.0", "Major Update");
-    QDownloadApp dialog;
-    dialog.show();
-    QCOMPARE(dialog.findChild<QLabel *>("label")->text(),
-             QString("Please wait as this process will take several seconds to few minutes "));
-    QSignalSpy installed(&dialog, &QDownloadApp::installed);
-    QVERIFY(installed.wait(20000));
-    const auto *bar = dialog.findChild<QProgressBar *>("progressBar");
-    QCOMPARE(bar->maximum(), int(archive.size()));
-    QCOMPARE(bar->value(), int(archive.size()));
-    QVERIFY(dialog.findChild<QLabel *>("timeLabel")->text().endsWith("(3.00 MB of  3.00 MB copied) "));
-    // This test runs from no bundle: nothing is replaced, and nothing is kept of the offer.
-    QVERIFY(!installed[0][0].toString().isEmpty() || !room.platform.calls.isEmpty());
-    QVERIFY(dialog.findChild<QPushButton *>("OkBtn")->isVisible());
-    QVERIFY(!QFileInfo::exists(updateFolder() + "Kesmira.zip"));
-    dialog.findChild<QPushButton *>("OkBtn")->click();
-    QVERIFY(!dialog.isVisible());
-    QVERIFY(!QSettings("apple", "KMVR.db").contains("VNo"));
-
-    QSettings("apple", "KMPR.db").setValue("VNo", "7.0.0.0");
-    dialog.ApplicationSettings();
-    const QSettings store("apple", "KMVR.db");
-    QCOMPARE(store.value("VInfoType").toString() + store.value("VNo").toString() + store.value("VUpdate").toString(),
-             QString("Major8.0.0.0Major Update"));
-    QVERIFY(!QFileInfo::exists(QSettings("apple", "KMPR.db").fileName()));
+    for (const int cutAt : {-1, 5000}) {
+        const bool whole = cutAt < 0;
+        UpdateRoom room;
+        room.server.answers["/Kesmira.zip"] = {QByteArray(3 << 20, 'z'), "200 OK", {}, cutAt};
+        QDownloadApp dialog;
+        dialog.show();
+        QSignalSpy installed(&dialog, &QDownloadApp::installed);
+        QVERIFY(installed.wait(20000));
+        const auto *bar = dialog.findChild<QProgressBar *>("progressBar");
+        QCOMPARE(dialog.findChild<QLabel *>("timeLabel")->text().right(11),
+                 QString(whole ? " MB copied) " : " ").right(11));
+        if (whole) QCOMPARE(bar->value(), 3 << 20);
+        QVERIFY(dialog.isVisible() && !bar->isVisible());
+        // There is no signature, and nothing is kept of the offer.
+        QVERIFY(!installed[0][0].toString().isEmpty() && room.platform.calls.isEmpty());
+        QCOMPARE(QDir(updateFolder()).entryList(QDir::Files), QStringList());
+        dialog.findChild<QPushButton *>("OkBtn")->click();
+        QVERIFY(!QSettings("apple", "KMVR.db").contains("VNo"));
+        QCOMPARE(QDownloadApp::installFolder(QCoreApplication::applicationDirPath()), QString());
+    }
 }
 
 void TestUpdateInstall::signatures_data()
@@ -328,12 +249,11 @@ void TestUpdateInstall::signatures()
 {
     QFETCH(QStringList, versions);
     QFETCH(QString, damaged);
+    QFETCH(bool, taken);
     UpdateRoom room;
     QByteArray archive = "an archive";
     QDir::setCurrent(room.folder.path());
-    QFile zip("Kesmira.zip");
-    QVERIFY(zip.open(QIODevice::WriteOnly) && zip.write(archive) == archive.size());
-    zip.close();
+    write("Kesmira.zip", archive);
     const QString steps = "openssl genpkey -algorithm ed25519 -out key.pem && "
                           "openssl pkey -in key.pem -pubout -outform DER | tail -c 32 | base64 > key.txt && "
                           "{ echo 'Kesmira update'; echo "
@@ -350,6 +270,8 @@ void TestUpdateInstall::signatures()
     room.server.answers["/Kesmira.zip"] = {archive};
     if (damaged != "absent") room.server.answers["/Kesmira.zip.sig"] = {signature};
     fillSoftwareUpdate("Major", versions[0], "Major Update");
+    QSettings("apple", "KMPR.db").setValue("VNo", "6.0.0.0");
+    const QString before = QSettings("apple", "KMPR.db").fileName();
     struct : QWidget
     {
         void closeEvent(QCloseEvent *event) override { ++asked, event->ignore(); }
@@ -361,40 +283,19 @@ void TestUpdateInstall::signatures()
     QDir().mkpath(ApplicationPath);
     QSignalSpy installed(&dialog, &QDownloadApp::installed);
     QVERIFY(installed.wait(20000));
-    QTEST(!room.platform.calls.isEmpty(), "taken");
-    QCOMPARE(installed[0][0].toString().isEmpty(), !room.platform.calls.isEmpty());
+    // Nothing is unpacked before that is known.
+    QCOMPARE(room.platform.calls, taken ? QStringList("install " + place.apps() + "/Kesmira.app") : QStringList());
+    QCOMPARE(installed[0][0].toString().isEmpty(), taken);
     QCOMPARE(QDir(updateFolder()).entryList(QDir::Files), QStringList());
     // The program's own window is asked, and may stay for what isn't saved.
     dialog.findChild<QPushButton *>("OkBtn")->click();
     QCoreApplication::processEvents();
-    QCOMPARE(window.asked, int(!room.platform.calls.isEmpty()));
-}
-
-void TestUpdateInstall::failedDownload()
-{
-    UpdateRoom room;
-    room.server.answers["/Kesmira.zip"] = {QByteArray(100000, 'z'), "200 OK", {}, 5000};
-    QDownloadApp dialog;
-    dialog.show();
-    QSignalSpy installed(&dialog, &QDownloadApp::installed);
-    QVERIFY(installed.wait(20000));
-    QVERIFY(dialog.isVisible());
-    QCOMPARE(dialog.findChild<QLabel *>("timeLabel")->text(), QString(" "));
-    QCOMPARE(dialog.findChild<QLabel *>("rateLabel")->text(), QString("      "));
-    QVERIFY(!dialog.findChild<QProgressBar *>("progressBar")->isVisible());
-    QVERIFY(!QFileInfo::exists(updateFolder() + "Kesmira.zip"));
-    QCOMPARE(room.platform.calls, QStringList());
-}
-
-void TestUpdateInstall::folderOfTheBundle()
-{
-    const QTemporaryDir folder;
-    const QString nested = folder.path() + "/apps/Kesmira.app/Contents/Resources/Kesmira.app/Contents/MacOS";
-    QDir().mkpath(nested);
-    QCOMPARE(QDownloadApp::installFolder(nested), folder.path() + "/apps");
-    QDir().mkpath(folder.path() + "/bin/a/b/c/d/e/f");
-    QCOMPARE(QDownloadApp::installFolder(folder.path() + "/bin/a/b/c/d/e/f"), QString());
-    QCOMPARE(QDownloadApp::installFolder("/usr/bin"), QString());
+    QCOMPARE(window.asked, int(taken));
+    const QSettings store("apple", "KMVR.db");
+    const QString kept =
+        store.value("VInfoType").toString() + store.value("VNo").toString() + store.value("VUpdate").toString();
+    QCOMPARE(kept, taken ? QString("Major8.0.0.0Major Update") : QString());
+    QCOMPARE(QFileInfo::exists(before), !taken);
 }
 
 QTEST_MAIN(TestUpdateInstall)
