@@ -20,13 +20,16 @@ inline QByteArray sample()
 {
     return makeJpeg(drawPicture(48, 32), {.jfif = false, .segments = {exifSegment({})}});
 }
-/// Nothing but the scan: only a sample helps.
-inline QByteArray scanOnly(int variant = 0)
+/// Nothing but the scan of a picture: only a sample helps.
+inline QByteArray scanOf(const QByteArray &whole)
 {
-    const QByteArray whole = makeJpeg(drawPicture(48, 32, variant));
     for (const SegmentPlace &segment : segmentPlaces(whole))
         if (segment.marker == 0xFFDA) return QByteArray("\xFF\xD8", 2) + whole.mid(int(segment.offset));
     return {};
+}
+inline QByteArray scanOnly(int variant = 0)
+{
+    return scanOf(plain(variant));
 }
 /// Takes the engine a while: illegal codes all over the scan of each of many pictures.
 inline QByteArray longWork()

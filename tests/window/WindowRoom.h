@@ -181,8 +181,8 @@ public:
         tree()->scrollToItem(item);
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualItemRect(item).center());
     }
-    /// Through both dialogs with `sample`; `all` ticks the box of the second.
-    void takeSample(const QString &row, const QString &sample, bool all)
+    /// Through both dialogs with `sample`, once they are opened; `all` ticks the box of the second.
+    void expectSample(const QString &sample, bool all = false, bool stopped = false)
     {
         chooser.answers.push_back({sample});
         script.expect("AdvancedRepairDlg", "NextBtn");
@@ -191,7 +191,11 @@ public:
             dialog->findChild<QAbstractButton *>("BrowseBtn")->click();
             if (all) dialog->findChild<QAbstractButton *>("checkBox")->click();
         });
-        script.expect("CompletionMsg", "OkBtn");
+        if (!stopped) script.expect("CompletionMsg", "OkBtn");
+    }
+    void takeSample(const QString &row, const QString &sample, bool all, bool stopped = false)
+    {
+        expectSample(sample, all, stopped);
         QTest::mouseClick(rowButton(row), Qt::LeftButton);
     }
     QString complaint() const

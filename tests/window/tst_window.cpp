@@ -62,9 +62,6 @@ private slots:
     void allInvalid();
     void previews();
     void thumbnailsCanBeHidden();
-    void sampleForOne();
-    void sampleForAll();
-    void sampleThatIsNone();
     void buttonsFollowTheView();
     void stopKeepsWhatWasMade();
     void backAndAgain();
@@ -342,51 +339,6 @@ void TestWindow::thumbnailsCanBeHidden()
     QCOMPARE(room.row("a_[T1].jpg", true)->checkState(0), Qt::Unchecked); // loses its mark all the same
     QVERIFY(room.click("checkBox3"));
     QVERIFY(!room.row("a_[T1].jpg", true)->isHidden());
-    QCOMPARE(room.complaint(), QString());
-}
-
-void TestWindow::sampleForOne()
-{
-    WindowRoom room;
-    const QString sample = room.source("sample/s.jpg", photos::sample());
-    room.add({room.source("b.jpg", photos::scanOnly()), room.source("c.jpg", photos::scanOnly(1))});
-    QVERIFY(room.repair());
-    room.takeSample("b.jpg", sample, false);
-    QVERIFY(room.rest());
-    QCOMPARE(room.complaint(), QString());
-    QCOMPARE(room.rows(), (QStringList{"b.jpg||5||", " b.jpg|Repaired|4|x|32x48", "c.jpg||2||"}));
-    QVERIFY(!room.rowButton("b.jpg")->isVisible());
-    QVERIFY(room.rowButton("c.jpg")->isVisible());
-    QVERIFY(room.find("SaveRepairBtn_2")->isEnabled());
-    // Header of the sample and scan of the damaged file: the picture that both were made of.
-    QCOMPARE(largestDifference(QImage(room.result("b.jpg")), QImage::fromData(photos::plain())), 0);
-    QVERIFY(room.row("b.jpg", true)->toolTip(0).contains("sample"));
-}
-
-void TestWindow::sampleForAll()
-{
-    WindowRoom room;
-    const QString sample = room.source("sample/s.jpg", photos::sample());
-    room.add({room.source("b.jpg", photos::scanOnly()), room.source("a.jpg", photos::plain()),
-              room.source("c.jpg", photos::scanOnly(1))});
-    QVERIFY(room.repair());
-    room.takeSample("c.jpg", sample, true);
-    QVERIFY(room.rest());
-    QCOMPARE(room.complaint(), QString());
-    QCOMPARE(room.rows(),
-             (QStringList{"b.jpg||5||", " b.jpg|Repaired|4|x|32x48", "a.jpg||5||", " a.jpg|Repaired|4|x|32x48",
-                          "c.jpg||5||", " c.jpg|Repaired|4|x|32x48"}));
-}
-
-void TestWindow::sampleThatIsNone()
-{
-    WindowRoom room;
-    room.add({room.source("b.jpg", photos::scanOnly())});
-    QVERIFY(room.repair());
-    room.takeSample("b.jpg", room.source("none.jpg", "nothing"), false);
-    QVERIFY(room.rest());
-    QCOMPARE(room.rows(), QStringList("b.jpg||7||")); // open to another try
-    QVERIFY(room.rowButton("b.jpg")->isVisible() && room.rowButton("b.jpg")->isEnabled());
     QCOMPARE(room.complaint(), QString());
 }
 

@@ -249,12 +249,7 @@ void TestWindowDeep::staysBesideASampleRepair()
         makeJpeg(photo(), {.quality = 90, .optimised = true, .jfif = false, .segments = {exifSegment({})}});
     QVERIFY(runOverLost(room));
     const QString tip = room.row("lost_salvaged.jpg", true)->toolTip(0);
-    room.chooser.answers.push_back({room.source("sample/s.jpg", sample)});
-    room.script.expect("AdvancedRepairDlg", "NextBtn");
-    room.script.expect("ReferenceFileDlg", "RepairBtn",
-                       [](QDialog *dialog) { dialog->findChild<QAbstractButton *>("BrowseBtn")->click(); });
-    room.script.expect("CompletionMsg", "OkBtn");
-    QTest::mouseClick(room.rowButton("lost.jpg"), Qt::LeftButton);
+    room.takeSample("lost.jpg", room.source("sample/s.jpg", sample), false);
     QVERIFY(room.rest());
     QCOMPARE(room.complaint(), QString());
     QCOMPARE(

@@ -1,6 +1,5 @@
 // What the window says of what came out: badges, words, details, the summary and its filter, the count of the list.
 
-#include "support/HeicMaker.h"
 #include "support/WordyTranslator.h"
 #include "window/Photos.h"
 #include "window/ResultSummary.h"
@@ -67,7 +66,6 @@ private slots:
     void noRowIsSilent();
     void filterSavesTheSame();
     void summaryFits();
-    void tilesAloneOfferASample();
     void listIsCounted();
 };
 
@@ -209,32 +207,6 @@ void TestWindowFindings::summaryFits()
         ++shown;
     }
     QCOMPARE(shown, 9);
-}
-
-void TestWindowFindings::tilesAloneOfferASample()
-{
-    WindowRoom room;
-    const MadeHeic made = makeHeic({.entryCount = 0x35, .seed = 2}); // no layout has so many entries
-    const MadeHeic sample = makeHeic();
-    room.add({room.source("a.heic", made.bytes)});
-    QVERIFY(room.repair());
-    const QStringList told{"a.heic||5||", " a.heic|Repaired|4|x|0x0"};
-    QCOMPARE(room.rows(), told);
-    QVERIFY(details(room, room.row("a.heic", true)).contains("Only the image tiles"));
-    QCOMPARE(partsOf(room), QString("1 file: 1 doubtful"));
-    QTRY_VERIFY(room.rowButton("a.heic") && room.rowButton("a.heic")->isVisible());
-
-    room.chooser.answers.push_back({room.source("sample/s.heic", sample.bytes)});
-    room.script.expect("AdvancedRepairDlg", "NextBtn");
-    room.script.expect("ReferenceFileDlg", "RepairBtn",
-                       [](QDialog *dialog) { dialog->findChild<QAbstractButton *>("BrowseBtn")->click(); });
-    room.script.expect("CompletionMsg", "OkBtn");
-    QTest::mouseClick(room.rowButton("a.heic"), Qt::LeftButton);
-    QVERIFY(room.rest());
-    QCOMPARE(room.complaint(), QString());
-    QCOMPARE(room.rows(), (QStringList{"a.heic||5||", " a.heic|Repaired|4|x|"})); // in the place of the tiles
-    QVERIFY(!room.rowButton("a.heic")->isVisible());
-    QVERIFY(contents(room.result("HEIC_Repaired/a.heic")) == expectedRewrite(sample, made));
 }
 
 void TestWindowFindings::listIsCounted()
