@@ -4,6 +4,9 @@
 
 #include "app/KesmiraApp.h"
 #include "app/WorkingRoot.h"
+#include "decoder/Client.h"
+#include "engine/BlockSource.h"
+#include "engine/Judge.h"
 #include "engine/OutputRows.h"
 #include "tables/Hoffmann.h"
 #include "tables/Quantization.h"
@@ -17,6 +20,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
+#include <vector>
 
 namespace {
 
@@ -53,6 +58,47 @@ void repairAgainstLoad(benchmark::State &state)
     state.counters["repair_to_load"] = repair / load;
 }
 
+double middle(std::vector<double> values)
+{
+    std::nth_element(values.begin(), values.begin() + qint64(values.size() / 2), values.end());
+    return values[values.size() / 2];
+}
+
+/// Seconds of the processor that a process has taken, this one and its decoder.
+double worked(pid_t process)
+{
+    clockid_t clock = {};
+    timespec time = {};
+    if (::clock_getcpuclockid(process, &clock) != 0 || ::clock_gettime(clock, &time) != 0) return 0;
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+/// The decoder process's answer against a load of the same file in this process.
+void judgeAgainstLoad(benchmark::State &state)
+{
+    const FileSource file(photograph());
+    decoder::Client client;
+    const decoder::Terms terms{pictureMemoryLimit(), {}, 0};
+    std::vector<double> judge, load, judgeWork, loadWork;
+    for (auto _ : state) {
+        const double before = worked(0) + worked(client.pid());
+        const auto begin = Clock::now();
+        if (!client.judge(file.descriptor(), terms).opens) return state.SkipWithError("not judged");
+        judge.push_back(seconds(begin));
+        judgeWork.push_back(worked(0) + worked(client.pid()) - before);
+        state.PauseTiming();
+        const double loadBefore = worked(0);
+        const auto loadBegin = Clock::now();
+        QImage().load(photograph(), "JPG"); // and let go, as the decoder process has to
+        load.push_back(seconds(loadBegin));
+        loadWork.push_back(worked(0) - loadBefore);
+        state.ResumeTiming();
+    }
+    state.counters["judge_ms"] = middle(judge) * 1e3;
+    state.counters["judge_to_load"] = middle(judge) / middle(load);
+    state.counters["judge_to_load_cpu"] = middle(judgeWork) / middle(loadWork);
+}
+
 /// The dearest searches that a file can ask for: heads that agree with no row beyond their first value.
 void tableSearch(benchmark::State &state)
 {
@@ -78,6 +124,7 @@ void tableSearch(benchmark::State &state)
 } // namespace
 
 BENCHMARK(repairAgainstLoad)->Unit(benchmark::kMillisecond);
+BENCHMARK(judgeAgainstLoad)->Unit(benchmark::kMillisecond);
 BENCHMARK(tableSearch)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)

@@ -52,17 +52,17 @@ std::unique_ptr<JpegDecoder> openJpeg(const Request &request, FileSource &file, 
     return decoder->size().isValid() ? std::move(decoder) : nullptr;
 }
 
-void judge(const Request &request, FileSource &file, Answer &answer)
+void judge(const Request &request, FileSource &file, Answer &answer, QImage &image)
 {
     const auto decoder = openJpeg(request, file, answer);
-    const QImage image = decoder ? decoder->read() : QImage();
+    if (decoder) image = decoder->read();
     if (image.isNull()) return;
     answer.opens = true;
     answer.size = image.size();
     answer.icon = image.scaled(QSize(kIconSide, kIconSide), Qt::KeepAspectRatio, Qt::FastTransformation);
 }
 
-void view(const Request &request, FileSource &file, Answer &answer)
+void view(const Request &request, FileSource &file, Answer &answer, QImage &image)
 {
     const auto decoder = openJpeg(request, file, answer);
     if (!decoder) return;
@@ -72,21 +72,21 @@ void view(const Request &request, FileSource &file, Answer &answer)
     // for smooth scaling.
     const QSize wanted = size.scaled(box * 2, Qt::KeepAspectRatio);
     if (wanted.width() < size.width()) decoder->scaleTo(wanted);
-    const QImage image = decoder->read();
+    image = decoder->read();
     if (image.isNull()) return;
     answer.opens = true;
     answer.size = size;
     answer.picture = fitted(image, size, box).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-void heic(const Request &request, FileSource &file, Answer &answer)
+void heic(const Request &request, FileSource &file, Answer &answer, QImage &)
 {
     decodeHeic(file, answer);
     const QSize box(request.width, request.height);
     if (answer.opens && !box.isEmpty()) answer.picture = fitted(answer.picture, answer.size, box);
 }
 
-void trial(const Request &request, FileSource &, Answer &answer)
+void trial(const Request &request, FileSource &, Answer &answer, QImage &)
 {
     answer.warnings = misbehave(Trial(request.width));
 }
@@ -94,7 +94,7 @@ void trial(const Request &request, FileSource &, Answer &answer)
 struct Handler
 {
     Task task;
-    void (*answer)(const Request &, FileSource &, Answer &);
+    void (*answer)(const Request &, FileSource &, Answer &, QImage &);
 };
 
 constexpr Handler kHandlers[] = {
@@ -112,14 +112,14 @@ bool loadDecoders()
     return loadJpegDecoder() && loadHeicDecoder();
 }
 
-Answer handle(const Request &request, FileSource &file)
+Answer handle(const Request &request, FileSource &file, QImage &decoded)
 {
     Answer answer;
     QStringList said;
     hearing = &said;
     try {
         for (const Handler &handler : kHandlers)
-            if (handler.task == request.task) handler.answer(request, file, answer);
+            if (handler.task == request.task) handler.answer(request, file, answer, decoded);
     } catch (const std::bad_alloc &) {
         answer = Answer();
         answer.problem = QStringLiteral("there is no memory for the picture");

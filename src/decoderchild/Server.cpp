@@ -62,7 +62,8 @@ bool answerTo(const Request &request, Companions &companions, uchar *arena)
 {
     const bool withFile = request.task != Task::Trial;
     FileSource file(withFile ? companions[0].release() : -1, request.fileBytes);
-    Answer answer = handle(request, file);
+    QImage decoded;
+    Answer answer = handle(request, file, decoded);
     if (!handOver(request, answer, companions[withFile ? 1 : 0].number())) {
         answer = Answer();
         answer.problem = QStringLiteral("the picture has more pixels than can be shown");
