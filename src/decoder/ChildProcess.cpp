@@ -18,14 +18,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define KESMIRA_SHADOW_MEMORY 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define KESMIRA_SHADOW_MEMORY 1
-#endif
-#endif
-
 namespace decoder {
 namespace {
 
