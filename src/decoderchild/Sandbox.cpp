@@ -61,11 +61,11 @@ bool allowWithConditions(scmp_filter_ctx filter)
         return ::seccomp_rule_add_array(filter, SCMP_ACT_ALLOW, call, 1, &condition) == 0;
     };
     // Memory, but none whose bytes could be run.
-    const scmp_arg_cmp notExecutable = SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0);
+    const scmp_arg_cmp notExecutable{2, SCMP_CMP_MASKED_EQ, PROT_EXEC, 0};
     // Threads of its own, but no process: a decoder of tiles works on all cores.
-    const scmp_arg_cmp thread = SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD | CLONE_VM, CLONE_THREAD | CLONE_VM);
+    const scmp_arg_cmp thread{0, SCMP_CMP_MASKED_EQ, CLONE_THREAD | CLONE_VM, CLONE_THREAD | CLONE_VM};
     // Its own end.
-    const scmp_arg_cmp itself = SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(::getpid()));
+    const scmp_arg_cmp itself{0, SCMP_CMP_EQ, scmp_datum_t(::getpid()), 0};
     return allow(SCMP_SYS(mmap), notExecutable) && allow(SCMP_SYS(mprotect), notExecutable)
         && allow(SCMP_SYS(clone), thread)
         && allow(SCMP_SYS(tgkill), itself)
