@@ -1,8 +1,11 @@
-// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged, DIR/raw, DIR/heic and DIR/update.
+// Writes the made files of the tests as seeds: `make_seeds DIR` fills DIR/damaged, DIR/raw, DIR/heic and DIR/update, and
+// DIR/answers with what the decoder process may say.
+#include "decoder/Protocol.h"
 #include "support/Cr3Maker.h"
 #include "support/Damage.h"
 #include "support/Files.h"
 #include "support/HeicMaker.h"
+#include "support/Pictures.h"
 #include "support/RawFile.h"
 #include "support/RawMaker.h"
 #include "support/ZipMaker.h"
@@ -15,6 +18,23 @@ void writeAll(const QString &folder, const std::vector<QByteArray> &files)
 {
     int number = 0;
     for (const QByteArray &file : files) write(folder + QStringLiteral("/%1").arg(++number), file);
+}
+
+std::vector<QByteArray> answers()
+{
+    decoder::Answer answer;
+    answer.problem = QStringLiteral("the decoder took too long");
+    std::vector<QByteArray> all{decoder::pack(answer)};
+    answer.opens = true;
+    answer.size = QSize(48, 32);
+    answer.warnings = QStringList{QStringLiteral("Premature end of file"), QString()};
+    answer.icon = drawPicture(32, 21);
+    all.push_back(decoder::pack(answer));
+    answer.picture = drawGreyPicture(7, 5);
+    answer.profile = QByteArray("profile");
+    answer.turn = QImageIOHandler::TransformationRotate90;
+    all.push_back(decoder::pack(answer));
+    return all;
 }
 
 } // namespace
@@ -50,5 +70,6 @@ int main(int argc, char **argv)
                                  ZipEntry{"../beside", "evil"}, ZipEntry{"Kesmira.app", {}, ZipEntry::Link, "."}})
         updates.push_back(zipOf(madeBundle() << more));
     writeAll(folder + QStringLiteral("/update"), updates);
+    writeAll(folder + QStringLiteral("/answers"), answers());
     return 0;
 }

@@ -83,16 +83,22 @@ bool Client::usable()
 
 Answer Client::view(int file, const QSize &box, const Terms &terms)
 {
-    Request request{kVersion, Task::View};
-    request.width = std::max(box.width(), 0);
-    request.height = std::max(box.height(), 0);
-    request.pictureBytes = pictureRoom(box);
-    return ask(request, file, terms);
+    return askForPicture(Task::View, file, box, terms);
+}
+
+Answer Client::show(int file, const QSize &box, const Terms &terms)
+{
+    return askForPicture(Task::Show, file, box, terms);
 }
 
 Answer Client::heic(int file, const QSize &box, const Terms &terms)
 {
-    Request request{kVersion, Task::Heic};
+    return askForPicture(Task::Heic, file, box, terms);
+}
+
+Answer Client::askForPicture(Task task, int file, const QSize &box, const Terms &terms)
+{
+    Request request{kVersion, task};
     request.width = std::max(box.width(), 0);
     request.height = std::max(box.height(), 0);
     request.pictureBytes = pictureRoom(box);

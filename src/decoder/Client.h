@@ -36,7 +36,9 @@ public:
     /// The picture at most as large as `box`: its own size where it is smaller both ways.
     /// An empty box asks for the picture as it is, or as large as kWholePictureBytes hold it.
     Answer view(int file, const QSize &box, const Terms &terms);
-    /// As view(), but that a picture of more bytes isn't shown.
+    /// As view(), but turned and mirrored as the file's Exif data say, and with its colour profile.
+    Answer show(int file, const QSize &box, const Terms &terms);
+    /// A HEIC, likewise turned and with its profile; a picture of more bytes isn't shown.
     Answer heic(int file, const QSize &box, const Terms &terms);
     Answer trial(Trial trial, const Terms &terms);
 
@@ -44,6 +46,7 @@ public:
     pid_t pid();
 
 private:
+    Answer askForPicture(Task task, int file, const QSize &box, const Terms &terms);
     Answer ask(Request request, int file, const Terms &terms);
     Ending ready(const Terms &terms);
     Ending waitFor(quint64 number, Note &note, qint64 milliseconds, const Terms &terms);

@@ -1,6 +1,7 @@
 #include "decoder/Protocol.h"
 
 #include <QDataStream>
+#include <QTransform>
 
 #include <cstring>
 
@@ -97,6 +98,15 @@ bool readWarnings(QDataStream &stream, QStringList &warnings)
 
 } // namespace
 
+QImage turned(const QImage &image, QImageIOHandler::Transformations turn)
+{
+    const bool mirror = turn & QImageIOHandler::TransformationMirror;
+    const bool flip = turn & QImageIOHandler::TransformationFlip;
+    QImage result = mirror || flip ? image.mirrored(mirror, flip) : image;
+    if (turn & QImageIOHandler::TransformationRotate90) result = result.transformed(QTransform().rotate(90));
+    return result;
+}
+
 quint64 pixelBytes(const QImage &image)
 {
     return quint64(image.bytesPerLine()) * quint64(image.height());
@@ -113,7 +123,7 @@ QByteArray pack(const Answer &answer)
     stream << kMagic << answer.opens << answer.severalScans << qint32(answer.size.width())
            << qint32(answer.size.height()) << warnings << answer.problem.left(kLongestWarning) << shapeOf(answer.icon)
            << icon << shapeOf(answer.picture)
-           << (answer.profile.size() <= kLongestProfile ? answer.profile : QByteArray());
+           << (answer.profile.size() <= kLongestProfile ? answer.profile : QByteArray()) << quint8(answer.turn);
     return bytes;
 }
 
@@ -132,8 +142,11 @@ bool unpack(const QByteArray &bytes, quint64 room, const Pixels &pixels, Answer 
     stream >> read.problem;
     if (stream.status() != QDataStream::Ok || read.problem.size() > kLongestWarning || !readIcon(stream, read.icon))
         return false;
-    stream >> shape >> read.profile;
+    quint8 turn = 0;
+    stream >> shape >> read.profile >> turn;
     if (stream.status() != QDataStream::Ok || !stream.atEnd() || read.profile.size() > kLongestProfile) return false;
+    if (turn > QImageIOHandler::TransformationRotate270) return false;
+    read.turn = QImageIOHandler::Transformations(turn);
     const bool sized = width > 0 && height > 0 && width <= kLongestSide && height <= kLongestSide;
     if (read.opens ? !sized : (width != 0 || height != 0)) return false;
     read.size = QSize(width, height);

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QImageIOHandler>
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -13,7 +14,7 @@
 namespace decoder {
 
 /// Program and process that speak different versions have nothing to say to each other.
-constexpr quint32 kVersion = 1;
+constexpr quint32 kVersion = 2;
 /// Descriptors that the process finds open beside the standard streams: the socket (SOCK_SEQPACKET) and the memory in
 /// which its answers stand.
 constexpr int kSocketNumber = 3;
@@ -29,6 +30,7 @@ constexpr int kIconSide = 32;
 enum class Task : quint32 {
     Judge, ///< does the JPEG decode, how large is it, what does the decoder say of it, and an icon
     View,  ///< a JPEG fitted into a box
+    Show,  ///< the same as viewers show it, see Client::show
     Heic,  ///< the main picture of a HEIC, fitted into a box where one is given, with its colour profile
     Trial, ///< misbehave as `width` says (see Trial), so that a test can watch
 };
@@ -50,7 +52,7 @@ struct Request
     quint64 fileBytes = 0;    ///< size of the file
     quint64 memory = 0;       ///< bytes that the picture and what the decoder keeps beside it may take
     quint64 pictureBytes = 0; ///< room in the memory for the picture; 0: no such descriptor
-    qint32 width = 0;         ///< box of View and Heic
+    qint32 width = 0;         ///< box of View, Show and Heic
     qint32 height = 0;
 };
 
@@ -75,13 +77,15 @@ struct Answer
 {
     Ending ending = Ending::Told;
     bool opens = false;
-    QSize size{0, 0};          ///< of the whole picture; 0 x 0 where it doesn't open
+    QSize size{0, 0};          ///< of the whole picture, turned or not; 0 x 0 where it doesn't open
     bool severalScans = false; ///< of a JPEG: its picture comes in more than one scan
     QStringList warnings;      ///< what the decoder said, in order: at most 100 of at most 1,000 letters
     QString problem;           ///< one line why there is no picture, where the decoder itself says nothing
     QImage icon;               ///< of Judge
-    QImage picture;            ///< of View and Heic
-    QByteArray profile;        ///< ICC profile of a HEIC's picture, empty where it has none
+    QImage picture;            ///< of View, Show and Heic
+    QByteArray profile;        ///< ICC profile of the picture of Show and Heic, empty where it has none
+    /// Of Show: how the picture was turned.
+    QImageIOHandler::Transformations turn = QImageIOHandler::TransformationNone;
 };
 
 /// The answer but for its picture, of which only the shape is told; at most kArenaBytes long.
@@ -91,6 +95,9 @@ using Pixels = std::function<const uchar *(quint64 bytes)>;
 /// Takes an answer apart. `answer.picture` becomes a copy of the pixels, which may take `room` bytes. False, with
 /// `answer` as it was, for anything that pack can't have made, and where there is no memory for the picture.
 bool unpack(const QByteArray &bytes, quint64 room, const Pixels &pixels, Answer &answer);
+
+/// Mirrored and turned as told, in this order.
+QImage turned(const QImage &image, QImageIOHandler::Transformations turn);
 
 /// Bytes of a picture's pixels in memory, rows padded as QImage pads them.
 quint64 pixelBytes(const QImage &image);

@@ -6,6 +6,8 @@
 #include "decoderchild/Trials.h"
 #include "engine/FileWindow.h"
 
+#include <QColorSpace>
+
 #include <algorithm>
 #include <cmath>
 #include <new>
@@ -27,11 +29,12 @@ QImage fitted(const QImage &image, const QSize &size, const QSize &box)
     return small ? image : image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
-/// The box that the request asks for; where it asks for the picture as it is, that, or what there is room for.
-QSize boxFor(const Request &request, const QSize &size)
+/// The box that the request asks for, as it is for a picture of `size` that is turned afterwards; where the picture is
+/// asked for as it is, its size, or what there is room for.
+QSize boxFor(const Request &request, const QSize &size, bool sideways)
 {
     const QSize box(request.width, request.height);
-    if (!box.isEmpty()) return box;
+    if (!box.isEmpty()) return sideways ? box.transposed() : box;
     const double bytes = 4.0 * size.width() * size.height();
     const double share = std::sqrt(double(request.pictureBytes) / std::max(bytes, 1.0));
     return share >= 1 ? size : QSize(int(size.width() * share), int(size.height() * share)).expandedTo({1, 1});
@@ -62,12 +65,22 @@ void judge(const Request &request, FileSource &file, Answer &answer, QImage &ima
     answer.icon = image.scaled(QSize(kIconSide, kIconSide), Qt::KeepAspectRatio, Qt::FastTransformation);
 }
 
+QByteArray profileOf(const QImage &image)
+{
+    const QColorSpace colours = image.colorSpace();
+    return colours.isValid() ? colours.iccProfile() : QByteArray();
+}
+
+/// Answers View and Show.
 void view(const Request &request, FileSource &file, Answer &answer, QImage &image)
 {
     const auto decoder = openJpeg(request, file, answer);
     if (!decoder) return;
     const QSize size = decoder->size();
-    const QSize box = boxFor(request, size);
+    const bool show = request.task == Task::Show;
+    if (show) answer.turn = decoder->turn();
+    const bool sideways = answer.turn & QImageIOHandler::TransformationRotate90;
+    const QSize box = boxFor(request, size, sideways);
     // The decoder skips most of its work where the picture is to be a fraction of its size; twice the box leaves enough
     // for smooth scaling.
     const QSize wanted = size.scaled(box * 2, Qt::KeepAspectRatio);
@@ -75,8 +88,10 @@ void view(const Request &request, FileSource &file, Answer &answer, QImage &imag
     image = decoder->read();
     if (image.isNull()) return;
     answer.opens = true;
-    answer.size = size;
-    answer.picture = fitted(image, size, box).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    answer.size = sideways ? size.transposed() : size;
+    if (show) answer.profile = profileOf(image);
+    answer.picture = turned(fitted(image, size, box).convertToFormat(QImage::Format_ARGB32_Premultiplied), answer.turn);
+    if (answer.picture.isNull()) answer.problem = QStringLiteral("there is no memory for the picture");
 }
 
 void heic(const Request &request, FileSource &file, Answer &answer, QImage &)
@@ -98,10 +113,7 @@ struct Handler
 };
 
 constexpr Handler kHandlers[] = {
-    {Task::Judge, judge},
-    {Task::View, view},
-    {Task::Heic, heic},
-    {Task::Trial, trial},
+    {Task::Judge, judge}, {Task::View, view}, {Task::Show, view}, {Task::Heic, heic}, {Task::Trial, trial},
 };
 
 } // namespace

@@ -40,6 +40,11 @@ QSize JpegDecoder::size() const
     return m_handler->option(QImageIOHandler::Size).toSize();
 }
 
+QImageIOHandler::Transformations JpegDecoder::turn() const
+{
+    return QImageIOHandler::Transformations(m_handler->option(QImageIOHandler::ImageTransformation).toInt());
+}
+
 QImage JpegDecoder::read()
 {
     QImage image;

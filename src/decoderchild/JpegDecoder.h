@@ -37,6 +37,8 @@ public:
 
     /// As the header says it; invalid if it can't be read.
     QSize size() const;
+    /// What makes it upright, as its Exif data say.
+    QImageIOHandler::Transformations turn() const;
     /// From now on read() gives the picture in that size.
     void scaleTo(const QSize &size) { m_handler->setOption(QImageIOHandler::ScaledSize, size); }
     /// Null if it doesn't decode.

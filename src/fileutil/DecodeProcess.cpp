@@ -38,18 +38,26 @@ QString thumbnailBeside(const QString &path)
     return {};
 }
 
-QImage thumbnailOf(const QString &path, FileWindow &file, decoder::Client &client, const decoder::Terms &terms)
+/// A small picture that says nothing of how it lies was taken as the large one was, which `turn` made upright.
+QImage uprightThumbnail(const decoder::Answer &small, QImageIOHandler::Transformations turn)
+{
+    return small.turn == QImageIOHandler::TransformationNone ? decoder::turned(small.picture, turn) : small.picture;
+}
+
+QImage thumbnailOf(const QString &path, FileWindow &file, decoder::Client &client, const decoder::Terms &terms,
+                   QImageIOHandler::Transformations turn)
 {
     const QByteArray own = exifThumbnail(file);
     decoder::SharedMemory memory; // the decoder takes descriptors alone
     uchar *to = !own.isEmpty() && memory.create("thumbnail", own.size()) ? memory.map(quint64(own.size())) : nullptr;
     if (to) {
         std::memcpy(to, own.constData(), size_t(own.size()));
-        const QImage image = client.view(memory.number(), kThumbnailBox, terms).picture;
-        if (!image.isNull()) return image;
+        const decoder::Answer small = client.show(memory.number(), kThumbnailBox, terms);
+        if (!small.picture.isNull()) return uprightThumbnail(small, turn);
     }
     const FileSource beside(thumbnailBeside(path));
-    return beside.isOpen() ? client.view(beside.descriptor(), kThumbnailBox, terms).picture : QImage();
+    if (!beside.isOpen()) return {};
+    return uprightThumbnail(client.show(beside.descriptor(), kThumbnailBox, terms), turn);
 }
 
 } // namespace
@@ -69,7 +77,7 @@ DecodedPicture decodePicture(const QString &path, const std::function<bool()> &a
     const decoder::Terms terms{decoded.jpeg ? pictureMemoryLimit() : quint64(3) << 30, abandoned, 0};
     const int descriptor = source.descriptor();
     const decoder::Answer answer =
-        decoded.jpeg ? client.view(descriptor, QSize(), terms) : client.heic(descriptor, QSize(), terms);
+        decoded.jpeg ? client.show(descriptor, QSize(), terms) : client.heic(descriptor, QSize(), terms);
     // A JPEG's pixels are opaque, and so is what is written of them.
     decoded.image = decoded.jpeg ? answer.picture.convertToFormat(QImage::Format_RGB32) : answer.picture;
     decoded.size = answer.size;
@@ -77,7 +85,7 @@ DecodedPicture decodePicture(const QString &path, const std::function<bool()> &a
     decoded.problem = answer.problem;
     if (decoded.image.isNull() && decoded.problem.isEmpty())
         decoded.problem = answer.warnings.value(0, QStringLiteral("the picture can't be decoded"));
-    if (decoded.jpeg) decoded.thumbnail = thumbnailOf(path, file, client, terms);
+    if (decoded.jpeg) decoded.thumbnail = thumbnailOf(path, file, client, terms, answer.turn);
     return decoded;
 }
 

@@ -13,9 +13,9 @@
 
 struct DecodedPicture
 {
-    QImage image;     ///< of a HEIC turned and mirrored as the file says, and in the colours of `profile`
+    QImage image;     ///< turned and mirrored as the file says, and in the colours of `profile`
     QSize size{0, 0}; ///< of the picture in the file; `image` is smaller where that has more than 134 million pixels
-    QByteArray profile{}; ///< ICC profile of a HEIC, empty where the file has none
+    QByteArray profile{}; ///< ICC profile, empty where the file has none
     QString problem{};    ///< one line why there is no picture; else empty
     QImage thumbnail{};   ///< the small picture of a JPEG, see decodePicture; null where there is none
     bool jpeg = false;    ///< the file is a JPEG, or at least is called one

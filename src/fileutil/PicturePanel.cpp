@@ -168,7 +168,7 @@ void PicturePanel::showDecoded(const DecodedPicture &decoded)
         m_thumbnail->setPixmap(small);
     }
     if (decoded.image.isNull()) {
-        m_message->setText(tr("This file can't be shown: %1.").arg(problemText(decoded.problem)));
+        m_message->setText(whyNotShown());
         m_view->setPicture(QPixmap(noPreviewPicture()));
         return;
     }
@@ -176,6 +176,15 @@ void PicturePanel::showDecoded(const DecodedPicture &decoded)
     for (QPushButton *button : qAsConst(m_tools)) button->setEnabled(true);
     growFor(decoded.image.size() / devicePixelRatioF());
     m_view->setPicture(forScreen(decoded));
+}
+
+QString PicturePanel::whyNotShown() const
+{
+    // The panel outlives the results that it was opened on, which lie in a place of the program's own.
+    if (!QFileInfo::exists(file()))
+        return tr(
+            "This picture isn't there any more. Going back and starting again remove results that weren't saved.");
+    return tr("This file can't be shown: %1.").arg(problemText(m_decoded.problem));
 }
 
 void PicturePanel::growFor(const QSize &picture)

@@ -43,6 +43,7 @@ private:
     void openFile(int index);
     void step(int files) { openFile(m_at + files); }
     void showDecoded(const DecodedPicture &decoded);
+    QString whyNotShown() const;
     void growFor(const QSize &picture);
     void showScale();
     void scroll(int horizontally, int vertically);

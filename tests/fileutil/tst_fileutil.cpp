@@ -223,14 +223,14 @@ void TestFileUtil::panelShowsAndZooms()
 void TestFileUtil::panelLeadsThroughTheFiles()
 {
     JpegOptions camera;
-    camera.segments = {exifSegment(makeJpeg(drawPicture(16, 12), {60}))};
+    camera.segments = {exifSegment(makeJpeg(drawPicture(16, 12), {60}), 6)}; // held upright
     const QByteArray whole = makeJpeg(drawPicture(200, 120), {});
     const QString beside = m_folder->source("Thumbnail Repaired/b_[T1].jpg", makeJpeg(drawPicture(32, 24), {}));
     const QStringList files{m_folder->source("a.jpg", makeJpeg(drawPicture(300, 200), camera)),
                             m_folder->source("broken.jpg", "no picture"), m_folder->source("b_salvaged.jpg", whole),
                             beside};
-    const QSize pictures[] = {{300, 200}, {}, {200, 120}, {32, 24}};
-    const QSize witnesses[] = {{16, 12}, {0, 0}, {32, 24}, {0, 0}};
+    const QSize pictures[] = {{200, 300}, {}, {200, 120}, {32, 24}};
+    const QSize witnesses[] = {{12, 16}, {0, 0}, {32, 24}, {0, 0}};
     PicturePanel panel(files, 2);
     panel.show();
     const auto *witness = panel.findChild<QLabel *>("thumbnail");
@@ -249,6 +249,9 @@ void TestFileUtil::panelLeadsThroughTheFiles()
     }
     QString problem;
     QCOMPARE(exportBytes(ExportKind::Jpeg, files[2], decodePicture(files[2]), problem), whole); // not encoded anew
+    QVERIFY(QFile::remove(files[0])); // as it is when the page of results is left
+    QTest::keyClick(&panel, Qt::Key_Home);
+    QTRY_VERIFY(panel.message().startsWith("This picture isn't there any more."));
 }
 
 void TestFileUtil::dialogsKeepTheirLook()

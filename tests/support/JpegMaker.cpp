@@ -129,14 +129,16 @@ QByteArray makeJpeg(const QImage &picture, const JpegOptions &options)
     return reassemble(Encoder().encode(picture, options), options);
 }
 
-QByteArray exifSegment(const QByteArray &thumbnail)
+QByteArray exifSegment(const QByteArray &thumbnail, int orientation)
 {
     // Offsets count from the byte order mark: head 8 bytes, IFD0 of one entry 18, IFD1 of three 42, text 8.
     constexpr int kSecondDirectory = 8 + 18;
     constexpr int kText = kSecondDirectory + 42;
     constexpr int kThumbnail = kText + 8;
     const QByteArray none = word(0) + word(0);
-    const QByteArray first = word(1) + tiffEntry(0x010F, 2, 8, kText) + word(0) + word(kSecondDirectory);
+    const QByteArray entry =
+        orientation == 0 ? tiffEntry(0x010F, 2, 8, kText) : tiffEntry(0x0112, 3, 1, orientation << 16);
+    const QByteArray first = word(1) + entry + word(0) + word(kSecondDirectory);
     const QByteArray second = word(3) + tiffEntry(0x0103, 3, 1, 6 << 16) + tiffEntry(0x0201, 4, 1, kThumbnail)
         + tiffEntry(0x0202, 4, 1, thumbnail.size()) + none;
     const QByteArray head = QByteArray("Exif\0\0MM\0*\0\0\0\x08", 14);

@@ -24,8 +24,8 @@ struct JpegOptions
 /// A JPEG of the picture; grey pictures (Format_Grayscale8) give one component.
 QByteArray makeJpeg(const QImage &picture, const JpegOptions &options = {});
 
-/// APP1 with a minimal Exif structure: IFD0 with a make, IFD1 with the thumbnail.
-QByteArray exifSegment(const QByteArray &thumbnail);
+/// APP1 with a minimal Exif structure: IFD0 with a make, or with an orientation that isn't 0, IFD1 with the thumbnail.
+QByteArray exifSegment(const QByteArray &thumbnail, int orientation = 0);
 /// An APPn that holds `image` behind some bytes of its own.
 QByteArray embeddingSegment(int marker, const QByteArray &image);
 QByteArray commentSegment(const QByteArray &text);
