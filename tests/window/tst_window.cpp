@@ -209,6 +209,12 @@ void TestWindow::boxesSteerRepair()
     room.add({room.source("big.jpg", QByteArray(11 << 10, 'x')), room.source("small.jpg", QByteArray(2 << 10, 'x'))});
     room.list()->sortByColumn(2, Qt::AscendingOrder);
     QCOMPARE(names(room.list()), (QStringList{"b.jpg", "small.jpg", "big.jpg"}));
+    QFile dated(room.source("friday.jpg", "x")); // "Fri" stands in front of "Thu", which was the day before
+    QVERIFY(dated.open(QIODevice::ReadWrite));
+    QVERIFY(dated.setFileTime(QDateTime(QDate(2099, 1, 2), QTime(0, 0)), QFileDevice::FileModificationTime));
+    room.window->ComeToFront({dated.fileName()});
+    room.list()->sortByColumn(7, Qt::AscendingOrder);
+    QCOMPARE(names(room.list()).last(), QString("friday.jpg"));
     QVERIFY(room.click("removeTickedBtn"));
     QVERIFY(room.find("pDropButton")->isVisible() && !repair->isVisible());
     drop(room.list()->pDropArea, {room.sources() + "/big.jpg"});
