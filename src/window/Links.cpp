@@ -21,10 +21,10 @@ void openAddress(const QString &address)
     if (!address.isEmpty()) platform().openAddress(QUrl(address));
 }
 
-/// Help is written in five languages; the others, and none, have no page.
+/// Without a language there is no page.
 void openHelpPage(const QString &topic)
 {
-    static const QStringList written{"DE", "FR", "IT", "ES", "EN"};
+    static const QStringList written{"DE", "FR", "IT", "ES", "EN", "JA", "CN"};
     const Language *language = currentLanguage();
     if (!language || !written.contains(language->folder)) return;
     const QString page = pApp->strResourcesPath + "/HelpPhoto_" + language->folder + '/' + topic + ".htm";
