@@ -221,8 +221,7 @@ void TestWindowLanguage::help_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QString>("folder");
-    const char *const folders[] = {"EN", "DE", "FR", "IT", "ES", "JA", "CN"};
-    for (int i = 0; i < 7; ++i) QTest::addRow("%d", i) << i << QString(folders[i]);
+    for (const Language &each : languages()) QTest::addRow("%d", each.number) << each.number << each.folder;
 }
 
 void TestWindowLanguage::help()
