@@ -107,6 +107,7 @@ int main(int argc, char *argv[])
     BrowseRepair::clearUpdateLeftovers();
 
     auto *window = new BrowseRepair; // lives as long as the process
+    window->wipeLeftovers(line.files);
     QObject::connect(&instance, &SingleInstance::asked, window, &BrowseRepair::ComeToFront);
     QObject::connect(window, &BrowseRepair::leaving, &instance, &SingleInstance::leave);
     window->show();

@@ -1,5 +1,6 @@
 #include "batch/Batch.h"
 
+#include "app/Originals.h"
 #include "app/StopFlag.h"
 #include "batch/Options.h"
 #include "batch/Printer.h"
@@ -82,11 +83,15 @@ public:
 
 private:
     int complain(const QString &line, int status);
+    QString nameProblem() const;
     QString usageProblem() const;
+    /// True if the run is worth its while though nobody reads what it says.
+    bool leavesFiles() const { return !m_options.destination.isEmpty() || !m_options.workingRoot.isEmpty(); }
     bool stopped() const { return stopRequested() || StopSignals::seen(); }
     void progress(const QString &text);
     void flush();
-    void print(const SourceResult &result);
+    void print(SourceResult &result);
+    void noteLoss(const SourceResult &result);
     void count(const OutputRow &row);
     void noteCameraSource(const SourceResult &result, const OutputRow &row);
     void writeReadable(SourceResult &result);
@@ -94,6 +99,7 @@ private:
     void firstPass(const QStringList &files);
     void samplePass();
     void save();
+    void keepUnsaved(const QStringList &names);
     void summarise(const SourceList &sources);
 
     const Options &m_options;
@@ -105,7 +111,10 @@ private:
     QStringList m_names;             // outputs that have rows
     CameraSources m_cameraSources;
     RunSummary m_summary;
-    bool m_failed = false; // something that should have been written was not
+    RunRoot m_root;
+    bool m_failed = false;     // something that should have been written was not
+    bool m_outputLost = false; // standard output takes no more
+    bool m_unsaved = false;    // a stop came before the results were saved
 };
 
 int BatchRun::complain(const QString &line, int status)
@@ -113,6 +122,15 @@ int BatchRun::complain(const QString &line, int status)
     m_err << "kesmira-batch: " << printable(line) << '\n';
     m_err.flush();
     return status;
+}
+
+QString BatchRun::nameProblem() const
+{
+    // A byte that is no UTF-8 has become this letter on its way from the command line: it would be another folder.
+    for (const QString &folder : {m_options.destination, m_options.workingRoot})
+        if (folder.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(folder))
+            return QStringLiteral("the folder '%1' is not a valid UTF-8 name").arg(folder);
+    return {};
 }
 
 QString BatchRun::usageProblem() const
@@ -141,20 +159,39 @@ void BatchRun::progress(const QString &text)
 void BatchRun::flush()
 {
     m_out.flush();
-    if (m_out.status() != QTextStream::Ok) m_failed = true;
+    if (m_out.status() != QTextStream::Ok) m_outputLost = true;
 }
 
-void BatchRun::print(const SourceResult &result)
+/// A result that found no room is missing, whatever else came out of the file.
+void BatchRun::noteLoss(const SourceResult &result)
+{
+    if (result.outcome.report.reason != RepairReason::DiskFull) return;
+    complain(QStringLiteral("'%1': not all results could be written to the working folder").arg(result.outcome.source),
+             0);
+    m_failed = true;
+}
+
+/// What a run holds of each source to its end is little: there may be tens of thousands.
+void forgetPictures(SourceResult &result)
+{
+    result.rows.rows.clear();
+    result.outcome.report.outputs.clear();
+    result.outcome.report.salvage.icon = QImage();
+}
+
+void BatchRun::print(SourceResult &result)
 {
     progress({});
-    m_printer->result(result);
+    if (!m_outputLost) m_printer->result(result);
     flush();
+    noteLoss(result);
     if (result.outcome.report.sourceHealthy && !result.samplePass) ++m_summary.healthy;
     for (const OutputRow &row : result.rows.rows) {
         m_names.append(row.name);
         noteCameraSource(result, row);
         count(row);
     }
+    forgetPictures(result);
 }
 
 void BatchRun::noteCameraSource(const SourceResult &result, const OutputRow &row)
@@ -187,7 +224,9 @@ void BatchRun::writeReadable(SourceResult &result)
     result.wantsReadable = true;
     for (const OutputRow &row : qAsConst(result.rows.rows)) {
         const QString name = outputName(result.outcome.source, readableName(row.name));
-        const QString problem = writeReadingCopy(row.path, heicFolder() + name);
+        bool isDiskFault = false;
+        const QString problem = writeReadingCopy(row.path, heicFolder() + name, &isDiskFault);
+        if (isDiskFault) m_failed = true;
         if (problem.isEmpty()) {
             result.readable.append(name);
             m_names.append(name);
@@ -201,7 +240,7 @@ void BatchRun::firstPass(const QStringList &files)
 {
     DeepRoad deep(files);
     for (const QString &file : files) {
-        if (m_failed) return;
+        if (m_outputLost && !leavesFiles()) return;
         SourceResult result;
         if (stopped()) {
             result.outcome.source = file;
@@ -215,8 +254,8 @@ void BatchRun::firstPass(const QStringList &files)
             result.rows = makeRows(result.outcome);
             writeReadable(result);
         }
-        m_results.append(result);
         print(result);
+        m_results.append(result);
     }
 }
 
@@ -225,7 +264,7 @@ void BatchRun::samplePass()
     if (m_options.sample.isEmpty()) return;
     m_printer->beginSamplePass(m_options.sample);
     for (SourceResult &earlier : m_results) {
-        if (m_failed || stopped()) return;
+        if ((m_outputLost && !leavesFiles()) || stopped()) return;
         const QString source = earlier.outcome.source;
         if (!wantsSample(earlier) || isHeic(source) != isHeic(m_options.sample)) continue;
         progress("Repairing with the sample: " + source);
@@ -241,19 +280,17 @@ void BatchRun::samplePass()
 
 void BatchRun::save()
 {
-    if (m_options.destination.isEmpty() || m_failed) return;
+    if (m_options.destination.isEmpty()) return;
     if (stopped()) {
         complain("stopped; nothing was saved", 0);
+        m_unsaved = true;
         return;
     }
     m_names.removeDuplicates(); // names that meet in the working folder are one file there
     OptionPrompt prompt(m_options.onConflict);
     const SaveOutcome outcome = saveOutputs(m_options.destination, m_names, prompt, m_cameraSources);
-    if (!outcome.error.isEmpty()) {
-        complain(outcome.error, 0);
-        m_failed = true;
-        return;
-    }
+    if (!outcome.error.isEmpty()) complain(outcome.error, 0);
+    QStringList unsaved = outcome.error.isEmpty() ? QStringList() : m_names;
     for (const SavedRow &row : outcome.rows) {
         if (row.sparesOriginal)
             complain(QStringLiteral("'%1' was saved as '%2'; a file to repair has its name there")
@@ -261,9 +298,19 @@ void BatchRun::save()
                      0);
         if (row.result != SaveResult::Failed) continue;
         complain(QStringLiteral("'%1' was not saved: %2").arg(row.name, row.error), 0);
-        m_failed = true;
+        unsaved << row.name;
     }
-    m_printer->saved(outcome);
+    if (!m_outputLost && outcome.error.isEmpty()) m_printer->saved(outcome);
+    if (!unsaved.isEmpty()) keepUnsaved(unsaved);
+}
+
+void BatchRun::keepUnsaved(const QStringList &names)
+{
+    m_failed = true;
+    QStringList paths;
+    for (const QString &name : names) paths << QDir::cleanPath(outputPath(name));
+    paths.removeAll(QString());
+    if (!paths.isEmpty()) complain(QStringLiteral("what was not saved is kept in '%1'").arg(m_root.keep(paths)), 0);
 }
 
 void BatchRun::summarise(const SourceList &sources)
@@ -275,7 +322,7 @@ void BatchRun::summarise(const SourceList &sources)
             m_summary.failed.append(
                 {result.outcome.source, result.outcome.report.reason, result.outcome.report.trueFormat});
     }
-    m_printer->end(m_summary);
+    if (!m_outputLost) m_printer->end(m_summary);
     flush();
 }
 
@@ -285,8 +332,9 @@ int BatchRun::run()
     if (!tables.isEmpty()) return complain(tables, exitStatus::CouldNotWork);
 
     const StopSignals signalGuard;
-    RunRoot root;
-    const QString rootProblem = root.open(m_options.workingRoot);
+    const QString names = nameProblem();
+    if (!names.isEmpty()) return complain(names, exitStatus::WrongUsage);
+    const QString rootProblem = m_root.open(m_options.workingRoot);
     if (!rootProblem.isEmpty()) return complain(rootProblem, exitStatus::CouldNotWork);
     const QString usage = usageProblem();
     if (!usage.isEmpty()) return complain(usage, exitStatus::WrongUsage);
@@ -296,6 +344,8 @@ int BatchRun::run()
     }
     const SourceList sources = collectSources(m_options.sources);
     for (const QString &problem : sources.problems) complain(problem, 0);
+    setOriginals(sources.files + QStringList(m_options.sample));
+    RunRoot::removeDeadRoots();
     if (!beginRun(sources.files, m_options.sample)) {
         return complain(QStringLiteral("the working folder can't be used"), exitStatus::CouldNotWork);
     }
@@ -307,9 +357,10 @@ int BatchRun::run()
     save();
     summarise(sources);
     // Who stops reading, as head does, wants no more and needs not be told.
-    if (m_out.status() != QTextStream::Ok && !hasLostItsReader(m_out)) complain("the results could not be written", 0);
-    if (m_failed) return exitStatus::CouldNotWork;
-    return m_summary.failed.isEmpty() && sources.passedOver == 0 ? exitStatus::AllGave : exitStatus::SomeGaveNothing;
+    if (m_outputLost && !hasLostItsReader(m_out)) complain("the results could not be written", 0);
+    if (m_failed || m_outputLost) return exitStatus::CouldNotWork;
+    const bool allGave = m_summary.failed.isEmpty() && sources.passedOver == 0 && !m_unsaved;
+    return allGave ? exitStatus::AllGave : exitStatus::SomeGaveNothing;
 }
 
 /// Prints what a person asked to read.

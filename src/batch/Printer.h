@@ -20,7 +20,11 @@ struct SourceResult
     bool wantsReadable = false; ///< reading copies of its HEICs were asked for
     QStringList readable;       ///< their names
 
-    bool gaveSomething() const { return !outcome.results.isEmpty() || !outcome.report.salvage.name.isEmpty(); }
+    bool gaveSomething() const
+    {
+        if (outcome.statusCode == QLatin1String(status::Stopped)) return false; // it is not known to be all of it
+        return !outcome.results.isEmpty() || !outcome.report.salvage.name.isEmpty();
+    }
     /// "5" repaired, "2" invalid, "" neither; the stages that only a window shows are folded into these three.
     QString status() const;
 };

@@ -103,10 +103,8 @@ private:
     void addFolder(const QByteArray &folder)
     {
         std::vector<QByteArray> names;
-        if (!readNames(folder, names)) {
-            passOver(QString::fromUtf8(folder), "can't be read: " + systemText(errno));
-            return;
-        }
+        // What could be read of a failing folder is taken.
+        if (!readNames(folder, names)) passOver(QString::fromUtf8(folder), "can't be read: " + systemText(errno));
         for (const QByteArray &name : names) addEntry(folder == "/" ? folder + name : folder + '/' + name, name);
     }
 
@@ -116,17 +114,26 @@ private:
     {
         const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(folder.constData()), ::closedir);
         if (!stream) return false;
-        while (const dirent *entry = ::readdir(stream.get())) {
+        int error = 0;
+        for (;;) {
+            errno = 0;
+            const dirent *entry = ::readdir(stream.get());
+            error = errno;
+            if (!entry) break;
             if (entry->d_name[0] != '.') names.emplace_back(entry->d_name);
         }
         std::sort(names.begin(), names.end());
-        return true;
+        errno = error;
+        return error == 0;
     }
 
     void addEntry(const QByteArray &path, const QByteArray &name)
     {
         struct stat info = {};
-        if (::lstat(path.constData(), &info) != 0) return;
+        if (::lstat(path.constData(), &info) != 0) {
+            passOver(shownName(path), "can't be looked at: " + systemText(errno));
+            return;
+        }
         const bool isFolder = S_ISDIR(info.st_mode);
         if (!isFolder && !hasKnownSuffix(name)) return;
         const bool isDeadLink = S_ISLNK(info.st_mode) && ::stat(path.constData(), &info) != 0;

@@ -1,5 +1,6 @@
 #include "desktop/SingleInstance.h"
 
+#include "app/RootLock.h"
 #include "app/WorkingRoot.h"
 
 #include <QCryptographicHash>
@@ -12,7 +13,6 @@
 #include <QJsonObject>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QLockFile>
 #include <QThread>
 #include <QTimer>
 
@@ -46,6 +46,11 @@ bool readMessage(const QByteArray &line, QStringList &paths)
         paths.append(path.toString());
     }
     return true;
+}
+
+QString lockPath()
+{
+    return workingRoot() + "/kesmira.lock";
 }
 
 /// Stands while the owner wipes before it ends.
@@ -96,20 +101,20 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
     *why = prepareWorkingRoot();
     if (!why->isEmpty()) return Start::Refused;
     const QByteArray message = messageOf(paths);
-    auto lock = std::make_unique<QLockFile>(workingRoot() + "/kesmira.lock");
-    lock->setStaleLockTime(0); // a long run isn't a dead one
+    auto lock = std::make_unique<RootLock>();
     QElapsedTimer waited;
     waited.start();
     QElapsedTimer wiping;
     bool isOwnerSilent = false;
     do {
-        if (lock->tryLock(0)) {
+        const RootLock::Result result = lock->tryLock(lockPath());
+        if (result == RootLock::Result::Locked) {
             m_lock = std::move(lock);
             QFile::remove(leavingMark()); // of one that was ended by force
             listen();
             return Start::First;
         }
-        if (lock->error() != QLockFile::LockFailedError) {
+        if (result == RootLock::Result::Failed) {
             *why = tr("The working folder \"%1\" can't be locked.").arg(workingRoot());
             return Start::Refused;
         }
@@ -117,9 +122,9 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
             *why = tr("The program is running already, and these are too many files to hand over to it at once.");
             return Start::Refused;
         }
-        const HandOver result = handOver(message, int(qMax<qint64>(m_patience - waited.elapsed(), 1)));
-        if (result == HandOver::Done) return Start::HandedOver;
-        isOwnerSilent = result == HandOver::NoAnswer;
+        const HandOver answer = handOver(message, int(qMax<qint64>(m_patience - waited.elapsed(), 1)));
+        if (answer == HandOver::Done) return Start::HandedOver;
+        isOwnerSilent = answer == HandOver::NoAnswer;
         if (QFile::exists(leavingMark())) {
             waited.restart();
             if (!wiping.isValid()) wiping.start();
@@ -128,7 +133,7 @@ SingleInstance::Start SingleInstance::start(const QStringList &paths, QString *w
         // The owner may be about to listen, or about to end.
         QThread::msleep(kPauseBetween);
     } while (waited.elapsed() < m_patience);
-    *why = isOwnerSilent ? tr("The program is running already but is busy; it hasn't answered yet.") : ownerText(*lock);
+    *why = isOwnerSilent ? tr("The program is running already but is busy; it hasn't answered yet.") : ownerText();
     return Start::Refused;
 }
 
@@ -152,12 +157,12 @@ SingleInstance::HandOver SingleInstance::handOver(const QByteArray &message, int
     return socket.readLine(kTaken.size() + 1) == kTaken ? HandOver::Done : HandOver::NobodyThere;
 }
 
-QString SingleInstance::ownerText(const QLockFile &lock) const
+QString SingleInstance::ownerText() const
 {
     qint64 pid = 0;
     QString host;
     QString program;
-    if (!lock.getLockInfo(&pid, &host, &program))
+    if (!RootLock::readHolder(lockPath(), pid, program, host))
         return tr("The working folder \"%1\" is in use by another program.").arg(workingRoot());
     return tr("The working folder \"%1\" is in use by %2 (process %3 on %4).")
         .arg(workingRoot(), program, QString::number(pid), host);

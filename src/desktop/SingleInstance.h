@@ -8,7 +8,7 @@
 
 class QLocalServer;
 class QLocalSocket;
-class QLockFile;
+class RootLock;
 
 class SingleInstance : public QObject
 {
@@ -53,10 +53,10 @@ private:
     void listen();
     void greet();
     void hear(QLocalSocket *caller);
-    QString ownerText(const QLockFile &lock) const;
+    QString ownerText() const;
 
     // The server goes before the lock: a socket is removed only by the one who holds the lock.
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<RootLock> m_lock;
     std::unique_ptr<QLocalServer> m_server;
     int m_patience = 5000;
     int m_callerTime = 2000;

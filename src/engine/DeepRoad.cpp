@@ -16,6 +16,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -135,6 +136,15 @@ QString DeepRoad::freeName(const QString &source) const
 }
 
 void DeepRoad::run(FileOutcome &outcome, const std::function<void()> &began)
+{
+    try {
+        salvageSource(outcome, began);
+    } catch (const std::bad_alloc &) {
+        outcome.report.salvage.passedOver = QStringLiteral("too-large");
+    }
+}
+
+void DeepRoad::salvageSource(FileOutcome &outcome, const std::function<void()> &began)
 {
     SalvageReport &report = outcome.report.salvage;
     if (!isJpeg(outcome) || stopRequested()) return;

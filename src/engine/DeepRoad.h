@@ -45,6 +45,7 @@ public:
     void run(FileOutcome &outcome, const std::function<void()> &began = {});
 
 private:
+    void salvageSource(FileOutcome &outcome, const std::function<void()> &began);
     QString freeName(const QString &source) const;
     void keep(FileOutcome &outcome, const salvage::Result &found) const;
 

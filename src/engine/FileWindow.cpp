@@ -1,6 +1,7 @@
 #include "engine/FileWindow.h"
 
 #include "app/StopFlag.h"
+#include "engine/MediumFaults.h"
 
 #include <algorithm>
 #include <cstring>
@@ -33,6 +34,7 @@ FileWindow::FileWindow(const QString &path, int blockSize) : m_blockSize(std::ma
     m_size = file->size();
     m_source = file.get();
     m_own = std::move(file);
+    m_watched = isWatched(path);
 }
 
 quint8 FileWindow::byteOutside(quint64 offset)
@@ -71,7 +73,11 @@ void FileWindow::loadByPages()
     for (quint64 at = m_start; at < end;) {
         const quint64 begin = pageBegin(at);
         const quint64 next = std::min(begin + kPage, end);
-        if (!m_source->read(begin, page, qint64(std::min(kPage, m_size - begin)))) std::memset(page, 0, sizeof page);
+        const quint64 count = std::min(kPage, m_size - begin);
+        if (!m_source->read(begin, page, qint64(count))) {
+            std::memset(page, 0, sizeof page);
+            if (m_watched) noteRefused(begin, count);
+        }
         std::memcpy(m_block.data() + (at - m_start), page + (at - begin), size_t(next - at));
         at = next;
     }

@@ -53,8 +53,9 @@ private:
     std::unique_ptr<BlockSource> m_own;
     BlockSource *m_source = nullptr;
     quint64 m_size = 0;
-    quint64 m_start = 0;  // offset of the block in hand
-    quint64 m_filled = 0; // bytes in it
+    quint64 m_start = 0;    // offset of the block in hand
+    quint64 m_filled = 0;   // bytes in it
+    bool m_watched = false; // what is refused is noted, see MediumFaults.h
     int m_blockSize;
     std::vector<quint8> m_block;
 };

@@ -4,11 +4,14 @@
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
 #include "engine/Judge.h"
+#include "engine/MediumFaults.h"
+#include "engine/OutputRows.h"
 #include "engine/SourceJudge.h"
 #include "engine/Wholeness.h"
 #include "engine/heic/HeicRoad.h"
 #include "engine/jpg_repair.h"
 #include "save/SaveFile.h"
+#include "save/ScratchFile.h"
 #include "save/ScratchFolder.h"
 #include "save/WipeFolder.h"
 
@@ -17,6 +20,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <new>
 
 namespace {
 
@@ -40,18 +44,17 @@ void forgetRecords()
     pApp->pRepairedNext = nullptr;
 }
 
-FileOutcome takeUp(const QString &path)
+void takeUp(const QString &path, FileOutcome &outcome)
 {
-    FileOutcome outcome;
     addOriginal(path);
+    watchMedium(path);
     outcome.source = path;
     outcome.suffix = QFileInfo(path).suffix();
     pApp->strCurrentPath = path;
     pApp->strFileSuffix = outcome.suffix;
-    pApp->strFileName = workingName(path);
     pApp->lstResultNames.clear();
     pApp->report = RepairReport();
-    return outcome;
+    pApp->strFileName = workingName(path);
 }
 
 bool workingFolderUsable()
@@ -91,9 +94,21 @@ void judgeTheRest()
     }
 }
 
+/// Where a raw file's pictures lie is known, and so what of each was refused; of the others all of the file counts.
+void countRefused(const QString &path)
+{
+    pApp->report.unreadableBytes = qint64(refusedBytes());
+    const auto size = quint64(QFileInfo(path).size());
+    for (OutputReport &output : pApp->report.outputs) {
+        const bool raw = output.way == RepairWay::Pointers || output.way == RepairWay::Carve;
+        if (!raw && !isThumbnailName(output.name)) lessen(output.wholeness, refusedBytes(), size);
+    }
+}
+
 void conclude(FileOutcome &outcome)
 {
     judgeTheRest();
+    countRefused(outcome.source);
     pApp->report.reason = reasonFor(outcome.source);
     judgeSource(outcome.source, pApp->lstResultNames.isEmpty(), pApp->report);
     outcome.results = pApp->lstResultNames;
@@ -112,12 +127,21 @@ void moveTo(const QString &name, FileOutcome &outcome)
     outcome.results = QStringList{name};
 }
 
-FileOutcome repairWithSample(const QString &samplePath, const QString &path)
+/// A file that needs more memory than there is costs itself and not the run. What it has left half done is let go.
+void giveUp(FileOutcome &outcome)
 {
-    addOriginal(samplePath);
-    FileOutcome outcome = takeUp(path);
+    wipeScratchFolder();
+    for (const QString &name : qAsConst(pApp->lstResultNames)) dropFile(outputPath(name));
+    pApp->lstResultNames.clear();
+    jpg_repair().abandon();
+    outcome.statusCode = QLatin1String(stopRequested() ? status::Stopped : status::Invalid);
+    outcome.report = RepairReport();
+    outcome.report.reason = stopRequested() ? RepairReason::Stopped : RepairReason::TooLarge;
+}
+
+void repairTakenUpWithSample(const QString &samplePath, const QString &path, FileOutcome &outcome)
+{
     pApp->strSamplePath = samplePath;
-    outcome.statusCode = QLatin1String(status::Invalid);
     if (!isHeicName(path)) {
         jpg_repair().ScanRefFile(samplePath, path);
     } else if (QFileInfo(path).size() >= kFileLimit) {
@@ -130,7 +154,44 @@ FileOutcome repairWithSample(const QString &samplePath, const QString &path)
     RepairReason &reason = outcome.report.reason;
     if (reason == RepairReason::HeaderLost || reason == RepairReason::DecoderRefused)
         reason = RepairReason::SampleUnfit;
+}
+
+FileOutcome repairWithSample(const QString &samplePath, const QString &path)
+{
+    FileOutcome outcome;
+    outcome.statusCode = QLatin1String(status::Invalid);
+    try {
+        addOriginal(samplePath);
+        takeUp(path, outcome);
+        repairTakenUpWithSample(samplePath, path, outcome);
+    } catch (const std::bad_alloc &) {
+        giveUp(outcome);
+    }
     return outcome;
+}
+
+void repairTakenUp(const QString &path, FileOutcome &outcome)
+{
+    const qint64 size = QFileInfo(path).size();
+    const bool known = repairableSuffixes().contains(outcome.suffix.toUpper());
+    if (!known)
+        pApp->report.reason = RepairReason::OtherFormat;
+    else if (size >= kFileLimit)
+        pApp->report.reason = RepairReason::TooLarge;
+
+    if (known && size < kFileLimit && !stopRequested()) {
+        jpg_repair engine;
+        const bool heic = isHeicName(path);
+        if (heic)
+            outcome.statusCode = repairHeic(engine, path);
+        else
+            engine.repairing(path);
+        if (!heic && !stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix)
+            && !engine.reRepairing(path))
+            outcome.statusCode = QLatin1String(status::Invalid);
+    }
+    pApp->nInvalidCount = 0;
+    conclude(outcome);
 }
 
 } // namespace
@@ -176,28 +237,14 @@ bool isRawSuffix(const QString &suffix)
 
 FileOutcome repairOneFile(const QString &path)
 {
-    FileOutcome outcome = takeUp(path);
+    FileOutcome outcome;
     outcome.statusCode = QLatin1String(status::Unreached);
-    const qint64 size = QFileInfo(path).size();
-    const bool known = repairableSuffixes().contains(outcome.suffix.toUpper());
-    if (!known)
-        pApp->report.reason = RepairReason::OtherFormat;
-    else if (size >= kFileLimit)
-        pApp->report.reason = RepairReason::TooLarge;
-
-    if (known && size < kFileLimit && !stopRequested()) {
-        jpg_repair engine;
-        const bool heic = isHeicName(path);
-        if (heic)
-            outcome.statusCode = repairHeic(engine, path);
-        else
-            engine.repairing(path);
-        if (!heic && !stopRequested() && pApp->nInvalidCount == 1 && isJpeg(outcome.suffix)
-            && !engine.reRepairing(path))
-            outcome.statusCode = QLatin1String(status::Invalid);
+    try {
+        takeUp(path, outcome);
+        repairTakenUp(path, outcome);
+    } catch (const std::bad_alloc &) {
+        giveUp(outcome);
     }
-    pApp->nInvalidCount = 0;
-    conclude(outcome);
     return outcome;
 }
 

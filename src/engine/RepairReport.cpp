@@ -26,7 +26,7 @@ constexpr std::array<ReasonWords, 15> kReasons = {{
     {RepairReason::TilesUnknown, "tiles-unknown", "The number of image tiles fits no known layout."},
     {RepairReason::BoxesLost, "boxes-lost",
      "The boxes that describe the image are lost; a healthy sample from the same camera may help."},
-    {RepairReason::DiskFull, "disk-full", "The disk of the working folder is full."},
+    {RepairReason::DiskFull, "disk-full", "The disk of the working folder is full or can't be written."},
     {RepairReason::Stopped, "stopped", "The run was stopped before the file was finished."},
     {RepairReason::Healthy, "healthy", "It opens as it is."},
     {RepairReason::NoPictureData, "no-picture-data", "The file holds no picture data."},
@@ -136,6 +136,7 @@ QJsonObject toJson(const RepairReport &report)
         {"outputs", outputs},
         {"reason", reasonWord(report.reason)},
     };
+    if (report.unreadableBytes > 0) object.insert("unreadableBytes", report.unreadableBytes);
     if (report.sourceHealthy) object.insert("healthy", true);
     if (!report.trueFormat.isEmpty()) object.insert("trueFormat", report.trueFormat);
     if (report.reason == RepairReason::NoPictureData) object.insert("zeroShare", report.zeroShare);

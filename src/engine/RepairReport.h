@@ -76,6 +76,7 @@ struct RepairReport
     int dqtReplaced = 0; ///< tables of the main image that came out with other bytes
     int dhtReplaced = 0;
     qint64 codesNeutralised = 0; ///< bytes of the entropy data overwritten with 00
+    qint64 unreadableBytes = 0;  ///< of the source, which the medium refused and which were read as zeros
     qint64 bytesSteppedOver = 0; ///< positions that the walk of the user's file passed as no usable segment
     QStringList missingSegments; ///< of "DQT", "DHT", "SOF", "SOS": what the header check did not find
     bool headerBroken = false;   ///< the header check of the main image failed

@@ -167,10 +167,10 @@ bool jpg_repair::reRepairing(const QString &path)
     if (!entry.found && !entry.sawSegment) entry = findLast(in, jpeg::DQT);
     bool loads = false;
     if (entry.found) {
-        if (FILE *out = createOutput(pApp->strBuiltPath)) {
-            writeBytes(out, kStart, sizeof kStart);
-            copyTail(in, entry.offset, out);
-            loads = judgeBuilt(out, RepairWay::SecondWay, pApp->strFileName);
+        if (FileGuard out = guarded(createOutput(pApp->strBuiltPath))) {
+            writeBytes(out.get(), kStart, sizeof kStart);
+            copyTail(in, entry.offset, out.get());
+            loads = judgeBuilt(out.release(), RepairWay::SecondWay, pApp->strFileName);
         }
     }
     closeCurrentFile();
@@ -189,18 +189,18 @@ bool jpg_repair::ScanRefFile(const QString &samplePath, const QString &damagedPa
     if (!damaged.isOpen()) pApp->report.reason = RepairReason::Unreadable;
 
     bool loads = false;
-    if (FILE *out = createOutput(pApp->strBuiltPath)) {
+    if (FileGuard out = guarded(createOutput(pApp->strBuiltPath))) {
         if (bothOpen) {
-            writeBytes(out, kStart, sizeof kStart);
-            graftHeader(sample, out);
+            writeBytes(out.get(), kStart, sizeof kStart);
+            graftHeader(sample, out.get());
         }
         const Entry scan = damaged.isOpen() ? findLast(damaged, jpeg::SOS) : Entry();
         if (scan.found && scan.offset + kScanHeader < damaged.size()) {
-            copyTail(damaged, scan.offset + kScanHeader, out);
-            loads = judgeBuilt(out, RepairWay::Sample, pApp->strFileName);
+            copyTail(damaged, scan.offset + kScanHeader, out.get());
+            loads = judgeBuilt(out.release(), RepairWay::Sample, pApp->strFileName);
         } else {
             // Nothing but a header. The decoder would make a grey picture of it, and nothing of it was the user's.
-            closeFile(out);
+            closeFile(out.release());
         }
     }
     closeCurrentFile();

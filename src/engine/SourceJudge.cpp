@@ -120,7 +120,7 @@ void judgeSource(const QString &path, bool gaveNothing, RepairReport &report)
     const QString suffix = QFileInfo(path).suffix();
     const QString format = formatOfBytes(file);
     if (!formatFits(format, suffix)) report.trueFormat = format;
-    if (isJpeg(suffix)) report.sourceHealthy = opensAsItIs(file, path, report);
+    if (isJpeg(suffix) && report.unreadableBytes == 0) report.sourceHealthy = opensAsItIs(file, path, report);
     if (!gaveNothing || stopRequested()) return;
     if (report.sourceHealthy) {
         report.reason = RepairReason::Healthy;

@@ -5,6 +5,8 @@
 #include "engine/WholeFile.h"
 #include "salvage/entropy/McuCount.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr qint64 kFileLimit = qint64(256) << 20;
@@ -59,6 +61,13 @@ Wholeness wholenessOf(const QString &path, const Verdict &verdict)
     if (wholeness.completeness == Completeness::Whole && quantizesByZero(path))
         wholeness.completeness = Completeness::Doubtful;
     return wholeness;
+}
+
+void lessen(Wholeness &wholeness, quint64 refused, quint64 bytes)
+{
+    if (refused == 0 || bytes == 0 || wholeness.completeness == Completeness::Unjudged) return;
+    wholeness.completeness = Completeness::Partial;
+    wholeness.share = std::min(wholeness.share, 1 - double(std::min(refused, bytes)) / double(bytes));
 }
 
 bool looksUnfit(const Wholeness &wholeness)

@@ -16,5 +16,9 @@
 /// Costs nothing where the decoder had no complaint and there is one scan, else about half a decode.
 Wholeness wholenessOf(const QString &path, const Verdict &verdict);
 
+/// Makes a picture partial of whose `bytes` in the source the medium has refused some, if `refused` isn't 0: zeros decode
+/// like any picture.
+void lessen(Wholeness &wholeness, quint64 refused, quint64 bytes);
+
 /// True for a picture of a sample that is noise: hardly an MCU could be read by the sample's tables.
 bool looksUnfit(const Wholeness &wholeness);

@@ -119,6 +119,17 @@ void jpg_repair::cleanUp()
         text->clear();
 }
 
+void jpg_repair::abandon()
+{
+    closeHeicFiles();
+    EmptyMemoryAllocationRaw();
+    cleanUp();
+    pApp->nThumbPass = 0;
+    pApp->nSavePhase = 0;
+    pApp->nInvalidCount = 0;
+    pApp->bUseOuterFileSize = false;
+}
+
 void jpg_repair::jpgSlot(const QString &message)
 {
     emit JpgSlotCall(message);

@@ -25,6 +25,8 @@ public:
     /// the argument is not read. Leaves the outputs' names in `lstResultNames`, `nInvalidCount` raised by 1 if the header
     /// check failed, and both chains and all paths of the file empty.
     void repairing(const QString &path);
+    /// Lets go of all that a file has left in `pApp` whose repair was broken off: chains, open files, paths and stages.
+    void abandon();
 
     /// The second way: finds the point where usable segments begin in the file at `path` and puts a fresh SOI in front.
     /// True if the output loads; its name, with a leading "/", then stands in `lstResultNames`.

@@ -7,15 +7,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace {
-
-void noteLoss()
-{
-    if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG) pApp->report.reason = RepairReason::DiskFull;
-}
-
-} // namespace
-
 BytePatcher::BytePatcher(FILE *file) : m_fd(::fileno(file))
 {
     std::fflush(file);
@@ -23,11 +14,13 @@ BytePatcher::BytePatcher(FILE *file) : m_fd(::fileno(file))
     if (::fstat(m_fd, &info) == 0) m_size = m_end = info.st_size;
 }
 
-BytePatcher::~BytePatcher()
+bool BytePatcher::finish()
 {
     flush();
     // Behind the old end there is nothing but zeros, so a hole will do: it takes no room however far it reaches.
-    if (m_end > m_size && ::ftruncate(m_fd, off_t(m_end)) != 0) noteLoss();
+    if (m_end > m_size && ::ftruncate(m_fd, off_t(m_end)) != 0) m_lost = true;
+    if (m_lost) pApp->report.reason = RepairReason::DiskFull;
+    return !m_lost;
 }
 
 void BytePatcher::zero(qint64 offset)
@@ -49,7 +42,9 @@ void BytePatcher::moveTo(qint64 block)
     flush();
     m_start = block;
     m_block.assign(size_t(std::min(kBlock, m_size - block)), 0);
-    if (::pread(m_fd, m_block.data(), m_block.size(), off_t(block)) < 0) m_block.clear();
+    if (::pread(m_fd, m_block.data(), m_block.size(), off_t(block)) >= 0) return;
+    m_lost = true;
+    m_block.clear();
 }
 
 void BytePatcher::flush()
@@ -59,7 +54,7 @@ void BytePatcher::flush()
         const ssize_t put = ::pwrite(m_fd, m_block.data() + done, size_t(size - done), off_t(m_start + done));
         if (put < 0 && errno == EINTR) continue;
         if (put < 0) {
-            noteLoss();
+            m_lost = true;
             break;
         }
         done += put;

@@ -7,12 +7,11 @@
 #include <vector>
 
 /// Works on the file in blocks, so that millions of bytes in ascending order cost one pass over it. The position of the
-/// stream is undefined afterwards.
+/// stream is undefined afterwards. Nothing is sure to be written before finish().
 class BytePatcher
 {
 public:
     explicit BytePatcher(FILE *file);
-    ~BytePatcher();
     BytePatcher(const BytePatcher &) = delete;
     BytePatcher &operator=(const BytePatcher &) = delete;
 
@@ -20,6 +19,8 @@ public:
     qint64 size() const { return m_size; }
     /// Zeroes one byte. A place behind the file's end stretches the file with zeros up to and including it.
     void zero(qint64 offset);
+    /// Writes what is left. False, with a full disk noted in the report of `pApp`, if any of it could not be written.
+    bool finish();
 
 private:
     void moveTo(qint64 block);
@@ -31,5 +32,6 @@ private:
     qint64 m_end = 0; // what the file must reach
     qint64 m_start = -kBlock;
     bool m_dirty = false;
+    bool m_lost = false;
     std::vector<char> m_block;
 };

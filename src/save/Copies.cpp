@@ -27,6 +27,8 @@ void SaveFile::ReadForSave_thumb(FILE *out, int index)
     }
     if (length == 0 || start < 1) return;
     FileWindow in(pApp->strCurrentPath); // always the user's file, never the working copy
+    m_lost = !in.isOpen();
+    if (m_lost) pApp->report.reason = RepairReason::Unreadable; // it has vanished
     if (in.isOpen()) blockCopy(in, start, length, out);
 }
 
@@ -35,12 +37,14 @@ void SaveFile::SaveExactCopy_new(FILE *out)
     // As long as the working copy was: a rebuilt image is shorter by the metadata that it lost, and a decoder stops at
     // its end anyway.
     FileWindow in(pApp->strBuiltPath);
+    m_lost = !in.isOpen();
     if (in.isOpen() && pApp->nTempCopySize > 0) blockCopy(in, 0, qint64(pApp->nTempCopySize), out);
 }
 
 void SaveFile::SaveExactCopy_new_org(FILE *out)
 {
     FileWindow in(pApp->strBuiltPath);
+    m_lost = !in.isOpen();
     if (in.isOpen()) blockCopy(in, 0, qint64(in.size()), out);
 }
 

@@ -144,7 +144,8 @@ private:
 
 /// Overwrites the FF of each illegal code. The list may still hold the codes of the main image while a nested one is
 /// written; they are applied all the same.
-void neutraliseFaults(FILE *out)
+/// False if a byte could not be written.
+bool neutraliseFaults(FILE *out)
 {
     BytePatcher patcher(out);
     qint64 codes = 0;
@@ -153,16 +154,18 @@ void neutraliseFaults(FILE *out)
         codes += qint64(fault->count());
     }
     if (pApp->nSavePhase == 2) pApp->report.codesNeutralised = codes;
+    return patcher.finish();
 }
 
 /// The same with what all images of a stream had so far.
-void neutraliseFaults(FILE *out, const FaultSet &faults)
+bool neutraliseFaults(FILE *out, const FaultSet &faults)
 {
     BytePatcher patcher(out);
     const auto header = qint64(pApp->nHeaderBytes);
     faults.forEach(patcher.size() - header, [&](qint64 distance) { patcher.zero(header + distance); });
     if (faults.last() >= 0) patcher.zero(header + faults.last());
     if (pApp->nSavePhase == 2) pApp->report.codesNeutralised = faults.count();
+    return patcher.finish();
 }
 
 constexpr quint8 kStart[] = {0xFF, 0xD8};
@@ -175,6 +178,7 @@ void SaveFile::writeFormat(FILE *out, const Node *start)
 {
     writeBytes(out, kStart, sizeof kStart);
     FileWindow in(pApp->bWorkOnTempCopy ? pApp->strTempCopyPath : pApp->strCurrentPath);
+    if (!in.isOpen() && pApp->bWorkOnTempCopy) m_lost = true;
     if (in.isOpen()) {
         SegmentWriter writer(in, out);
         for (const Node *node = start; node; node = node->pNext) {
@@ -190,12 +194,12 @@ void SaveFile::writeFormat(FILE *out, const Node *start)
 void SaveFile::SaveStart_newFormat(FILE *out, unsigned int skipMode)
 {
     writeFormat(out, startNode(skipMode));
-    neutraliseFaults(out);
+    if (!neutraliseFaults(out)) m_lost = true;
 }
 
 void SaveFile::SaveStart_newFormatRaw(FILE *out)
 {
     writeFormat<tagMainListRaw>(out, pApp->pMainListRawHead);
     m_streamFaults.takeChain();
-    neutraliseFaults(out, m_streamFaults);
+    if (!neutraliseFaults(out, m_streamFaults)) m_lost = true;
 }

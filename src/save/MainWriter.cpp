@@ -82,35 +82,50 @@ SaveFile::Output SaveFile::mainOutput() const
     return output;
 }
 
-/// True if the rebuilt image decodes.
-bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE *)> &write)
+/// Closes `file`; false, and it is gone, if anything got lost on the way: its head could pass for all of it.
+bool SaveFile::closeWhole(FILE *file, const QString &path)
+{
+    if (closeFile(file) && !m_lost) return true;
+    if (pApp->report.reason == RepairReason::None) pApp->report.reason = RepairReason::DiskFull;
+    if (file) dropFile(path);
+    return false;
+}
+
+bool SaveFile::buildScratch(const Output &output, const std::function<void(FILE *)> &write)
 {
     QDir().mkdir(scratchFolder());
     pApp->strBuiltPath = output.scratch;
+    m_lost = false;
+    FileGuard scratch = guarded(createFile(output.scratch));
+    if (scratch && !skippingThisFile()) write(scratch.get());
+    return closeWhole(scratch.release(), output.scratch);
+}
+
+/// Copies what was built to its place in the working folder.
+bool SaveFile::keepCopy(const Output &output)
+{
+    m_lost = false;
+    FileGuard copy = guarded(createOutput(output.path));
+    const bool wanted = !skippingThisFile();
+    if (copy && wanted) output.wholeCopy ? SaveExactCopy_new_org(copy.get()) : SaveExactCopy_new(copy.get());
+    return closeWhole(copy.release(), output.path) && wanted;
+}
+
+/// True if the rebuilt image decodes.
+bool SaveFile::buildAndCopy(const Output &output, const std::function<void(FILE *)> &write)
+{
     // No told wipe comes soon: a stream of thousands would fill the disk twice over.
     const auto wipe = qScopeGuard([&output] { dropFile(output.scratch); });
-    if (FILE *scratch = createFile(output.scratch)) {
-        if (!skippingThisFile()) write(scratch);
-        // On a full disk the head of a picture could pass for all of it.
-        if (!closeFile(scratch)) dropFile(output.scratch);
-    }
-    const Verdict verdict = judgeJpeg(output.scratch);
+    const bool built = buildScratch(output, write);
+    const Verdict verdict = built ? judgeJpeg(output.scratch) : Verdict();
     if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     if (!verdict.decodes) {
-        if (!verdict.stopped) pApp->report.decoderRefused = true;
+        if (built && !verdict.stopped) pApp->report.decoderRefused = true;
         if (!skipping())
             recordFailure(output.failureText, output.failureState, output.path, output.name + output.failureMark);
         return false;
     }
-    FILE *copy = createOutput(output.path);
-    if (!copy) return true;
-    const bool wanted = !skippingThisFile();
-    if (wanted) output.wholeCopy ? SaveExactCopy_new_org(copy) : SaveExactCopy_new(copy);
-    if (!closeFile(copy)) {
-        dropFile(output.path); // a full disk: half a picture would pass for a repaired one
-        return true;
-    }
-    if (!wanted) return true;
+    if (!keepCopy(output)) return true;
     ++pApp->nResultCounter;
     ++nOutputsDone;
     if (!record(output.path, output.name)) return true;

@@ -7,6 +7,7 @@
 #include "save/SkipFlags.h"
 
 #include <QDir>
+#include <QScopeGuard>
 
 namespace {
 
@@ -48,6 +49,15 @@ FILE *SaveFile::openWorkingCopy()
     return out;
 }
 
+/// False if there is no whole working copy, and so no image to make of it.
+bool SaveFile::fillWorkingCopy(const std::function<void(FILE *)> &write)
+{
+    m_lost = false;
+    FileGuard out = guarded(openWorkingCopy());
+    if (out) write(out.get());
+    return closeWhole(out.release(), pApp->strTempCopyPath);
+}
+
 bool SaveFile::isSingle() const
 {
     return isOneImage(nApp1Marks) || isOneImage(nApp13Marks) || isOneImage(nApp2Marks) || isOneImage(nSoiMarks);
@@ -70,12 +80,9 @@ bool SaveFile::writeNestedImages()
     int imageIndex = 0;
     int passes = 0;
     while (nImagesToWrite >= 1) {
-        if (FILE *out = openWorkingCopy()) {
-            ReadForSave_thumb(out, imageIndex);
-            closeFile(out);
-        }
+        const bool filled = fillWorkingCopy([&](FILE *out) { ReadForSave_thumb(out, imageIndex); });
         const Turn turn = chooseTurn(imageIndex, passes);
-        if (!writeNested(turn)) return false;
+        if (filled && !writeNested(turn)) return false;
         if (turn.first) imageIndex = 0;
         if (!isSingle()) ++imageIndex;
         --nImagesToWrite;
@@ -94,11 +101,11 @@ bool SaveFile::writeNested(const Turn &turn)
         FileWindow copy(pApp->strTempCopyPath);
         if (copy.isOpen()) {
             pApp->pCurrentFile = &copy;
+            const auto leave = qScopeGuard([] { pApp->pCurrentFile = nullptr; });
             pApp->nTempCopySize = pApp->nFileSize = engine.GetFileSize(&copy);
             tagMainList *before = pApp->pMainListHead ? pApp->pMainListTail : nullptr;
             engine.TraverseTempThumbFile(pApp->strTempCopyPath, &copy, 0);
             m_nestedFirst = before ? before->pNext : pApp->pMainListHead;
-            pApp->pCurrentFile = nullptr;
         }
     }
     CheckMarkerSequence(turn.skipMode); // a nested image is judged by its decode alone

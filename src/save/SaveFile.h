@@ -117,6 +117,10 @@ private:
     Turn chooseTurn(int &imageIndex, int &passes) const;
     bool isSingle() const;
     FILE *openWorkingCopy();
+    bool fillWorkingCopy(const std::function<void(FILE *)> &write);
+    bool buildScratch(const Output &output, const std::function<void(FILE *)> &write);
+    bool keepCopy(const Output &output);
+    bool closeWhole(FILE *file, const QString &path);
     bool writeNested(const Turn &turn);
     bool writeStreamImages();
     bool writeStreamImage(jpg_repair &engine, int index);
@@ -151,6 +155,7 @@ private:
     quint16 wStateThumbAbsent = 0;
     quint16 wStateThumbCorrupt = 0;
     bool bFromNestedWriter = false;
+    bool m_lost = false; ///< bytes of the file in hand could not be read or written
 
     const tagMainList *m_nestedFirst = nullptr; // first node of the working copy's, behind the main image's
     const tagMainList *m_streamNode = nullptr;  // last node looked at for a stream's image, its place on the chain,

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <cstdio>
+#include <memory>
 
 class FileWindow;
 
@@ -20,6 +21,13 @@ bool closeFile(FILE *file);
 /// Appends or overwrites at the current position.
 void writeBytes(FILE *out, const void *bytes, qint64 count);
 qint64 fileLength(FILE *out);
+
+/// For a file on its way: closes it where an exception passes, with no word about what got lost.
+using FileGuard = std::unique_ptr<FILE, int (*)(FILE *)>;
+inline FileGuard guarded(FILE *file)
+{
+    return {file, std::fclose};
+}
 
 /// Moves `count` bytes of `in` from `offset` to the current position of `out`, in blocks of 1,024 with the odd remainder
 /// first, through one buffer that is zeroed once. A block that the source fills in part keeps behind it what the block

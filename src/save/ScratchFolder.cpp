@@ -37,7 +37,15 @@ bool looksLeft(const QString &path)
     return head.startsWith("\xFF\xD8\xFF") && QByteArray("\xDB\xC0\xC1\xC2\xC4\xDD\xDA\xD9").contains(head[3]);
 }
 
-void wipeLeftovers()
+bool markFolder(const QString &path)
+{
+    QFile mark(path + kMark);
+    return mark.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+}
+
+} // namespace
+
+void wipeScratchLeftovers()
 {
     const QString root = workingRoot() + '/';
     const QStringList names = QDir(root).entryList(
@@ -49,14 +57,6 @@ void wipeLeftovers()
     }
 }
 
-bool markFolder(const QString &path)
-{
-    QFile mark(path + kMark);
-    return mark.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-}
-
-} // namespace
-
 QString scratchFolder()
 {
     return scratchRoot() + '/' + currentName();
@@ -64,7 +64,7 @@ QString scratchFolder()
 
 bool makeScratchFolder()
 {
-    wipeLeftovers();
+    wipeScratchLeftovers();
     currentName() = kName;
     for (int number = 2; ::mkdir(QFile::encodeName(scratchFolder()).constData(), 0700) != 0; ++number) {
         constexpr int kMost = 1000; // no file system that works has as many in the way

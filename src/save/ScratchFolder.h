@@ -10,5 +10,8 @@ QString scratchFolder();
 /// reason in errno, if it can't be made.
 bool makeScratchFolder();
 
+/// Wipes what runs that were ended by force have left, and nothing else; makeScratchFolder does so too.
+void wipeScratchLeftovers();
+
 /// Wipes what lies in it; the folder stays.
 void wipeScratchFolder();

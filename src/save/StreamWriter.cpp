@@ -9,6 +9,7 @@
 #include "save/SkipFlags.h"
 
 #include <QDir>
+#include <QScopeGuard>
 
 int SaveFile::SaveFile_new_raw()
 {
@@ -59,19 +60,20 @@ bool SaveFile::writeStreamImage(jpg_repair &engine, int index)
         pApp->strThumb1Path = pApp->strThumbFolder + pApp->strThumb1Name;
         QDir().mkdir(pApp->strThumbFolder);
     }
-    if (FILE *out = openWorkingCopy()) {
-        ReadForSave_thumb_Raw(out, index);
-        closeFile(out);
-    }
+    const bool filled = fillWorkingCopy([&](FILE *out) { ReadForSave_thumb_Raw(out, index); });
     if (skipping()) return false;
+    if (!filled) {
+        engine.EmptyMemoryAllocationRaw();
+        return true;
+    }
     if (pApp->nThumbPass == 1) {
         pApp->nThumbPass = 2;
         FileWindow copy(pApp->strTempCopyPath);
         if (copy.isOpen()) {
             pApp->pCurrentFile = &copy;
+            const auto leave = qScopeGuard([] { pApp->pCurrentFile = nullptr; });
             pApp->nTempCopySize = pApp->nFileSize = engine.GetFileSize(&copy);
             engine.TraverseTempThumbFileRaw(pApp->strTempCopyPath, &copy, 0);
-            pApp->pCurrentFile = nullptr;
         }
     }
     CheckMarkerSequence_Raw(0);
@@ -120,6 +122,7 @@ void SaveFile::ReadForSave_thumb_Raw(FILE *out, int index)
     // The image's own SOI goes on the raw chain with its place in the stream, up to the first end behind it.
     jpg_repair engine;
     pApp->pCurrentFile = &in;
+    const auto leave = qScopeGuard([] { pApp->pCurrentFile = nullptr; });
     pApp->bUseOuterFileSize = true;
     const quint64 end = pApp->nWalkFileSize;
     bool open = false;
@@ -138,5 +141,4 @@ void SaveFile::ReadForSave_thumb_Raw(FILE *out, int index)
         at = in.nextFF(at + 1, end);
     }
     pApp->bUseOuterFileSize = false;
-    pApp->pCurrentFile = nullptr;
 }

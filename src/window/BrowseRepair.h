@@ -83,6 +83,9 @@ public slots:
     /// Adds files that were named outside of the window, as the dialog would. Those of other formats are named in the
     /// window; where no file is left, the page stays as it is.
     void AddNamedFiles(const QStringList &paths);
+    /// Wipes what an earlier program that was ended by force has left below the working root, but for the files at `named`,
+    /// which this one was called with. The results of that run were never saved; a run waits until they are gone.
+    void wipeLeftovers(const QStringList &named);
     /// Another start of the program: shows the window and takes the files, now or once the file list is up again.
     void ComeToFront(const QStringList &paths);
     void RemoveFrmListProcess();

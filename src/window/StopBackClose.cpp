@@ -1,4 +1,5 @@
 // The three ways out: Stop ends a run and keeps what was made, Back and Close empty the working folder.
+#include "app/Originals.h"
 #include "app/StopFlag.h"
 #include "app/WorkingRoot.h"
 #include "dialogs/BackApplicationDlg.h"
@@ -6,6 +7,7 @@
 #include "dialogs/StopDlg.h"
 #include "engine/OneFile.h"
 #include "engine/jpg_repair.h"
+#include "save/ScratchFolder.h"
 #include "save/WipeFolder.h"
 #include "window/BrowseRepair.h"
 #include "window/CustomButton.h"
@@ -124,6 +126,13 @@ void BrowseRepair::OnClickedBackBtn()
         // Overwriting hundreds of pictures takes its time.
         runAside([name = pApp->strTempDirName] { WipeFolder().WipeFile(name); });
     });
+}
+
+void BrowseRepair::wipeLeftovers(const QStringList &named)
+{
+    setOriginals(named);
+    wipeScratchLeftovers();
+    if (!QDir(workingFolder()).isEmpty()) runAside([] { WipeFolder().WipeFile(QStringLiteral("RepairedFiles")); });
 }
 
 void BrowseRepair::removeWorkingFolders()

@@ -23,6 +23,7 @@ private slots:
     void readerThatGoesAway();
     void bareLocale();
     void runsSideBySide();
+    void rootsOfKilledRunsGo();
     void foreignBytesOnTheCommandLine();
     void signalEndsALongRun_data();
     void signalEndsALongRun();
@@ -118,8 +119,22 @@ void TestBatchProgram::runsSideBySide()
     for (const QFileInfo &file : out.entryInfoList(QDir::Files)) QVERIFY(file.size() > 500);
 }
 
+void TestBatchProgram::rootsOfKilledRunsGo()
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(KESMIRA_BATCH_PROGRAM, QStringList{"--json"} + QVector<QString>(5000, "a.jpg").toList());
+    QVERIFY(m_process.waitForReadyRead(60000));
+    m_process.kill();
+    QVERIFY(m_process.waitForFinished(60000));
+    QCOMPARE(QDir(m_dir->filePath("tmp")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+    shell("$KB a.jpg");
+    QCOMPARE(m_process.exitCode(), 0);
+}
+
 void TestBatchProgram::foreignBytesOnTheCommandLine()
 {
+    shell("$KB --to \"$(printf 'b\\377')\" a.jpg");
+    QCOMPARE(m_process.exitCode(), 2);
     shell("b=$(printf 'b\\377.jpg'); cp a.jpg \"$b\" || exit 99; $KB --json \"$b\" a.jpg; s=$?; rm \"$b\"; exit $s");
     if (m_process.exitCode() == 99) QSKIP("the file system takes no such names");
     QCOMPARE(m_process.exitCode(), 1);

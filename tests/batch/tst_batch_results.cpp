@@ -4,13 +4,13 @@
 #include "BatchFolder.h"
 
 #include "app/KesmiraApp.h"
+#include "app/RootLock.h"
 #include "support/Damage.h"
 #include "support/Pictures.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
-#include <QLockFile>
 #include <QTest>
 
 #include <csignal>
@@ -145,9 +145,15 @@ void TestBatchResults::failedSaveShows()
     const BatchCall call({"--json", path("in"), "--to", path("out"), "--on-conflict", "overwrite"});
     QCOMPARE(call.status, 3);
     QCOMPARE(call.objects().size(), 2);
-    QCOMPARE(call.errLines().size(), 1);
+    QCOMPARE(call.errLines().size(), 2);
     QVERIFY2(call.err.contains("'a.jpg' was not saved"), qPrintable(call.err));
     QVERIFY(!decoded(contents(path("out/RepairedFiles/b.jpg"))).isNull());
+    // What found no place is kept, and nothing else.
+    const QString kept = call.errLines()[1].section('\'', 1, 1);
+    QCOMPARE(filesBelow(kept), QStringList("a.jpg"));
+    QCOMPARE(decoded(contents(kept + "/a.jpg")), decoded(healthyJpeg()));
+    QCOMPARE(BatchCall({path("in")}).status, 0); // cleans up after runs that were killed
+    QVERIFY(QDir(QFileInfo(kept).path()).removeRecursively());
     const BatchCall none({"--json", path("in"), "--to", path("in/a.jpg/below")});
     QCOMPARE(none.status, 3);
     QVERIFY2(none.err.contains("can't be made"), qPrintable(none.err));
@@ -260,8 +266,8 @@ void TestBatchResults::workFolderRefused()
     QVERIFY(QFile::link(path("in"), path("tricky/RepairedFiles")));
     QCOMPARE(::chmod(QFile::encodeName(path("shared")).constData(), 0777), 0);
     write(path("saved/RepairedFiles/mine.jpg"), "mine");
-    QLockFile lock(path("locked/kesmira.lock"));
-    QVERIFY(lock.tryLock(0));
+    RootLock lock;
+    QVERIFY(lock.tryLock(path("locked/kesmira.lock")) == RootLock::Result::Locked);
 
     const BatchCall call({"--json", "--work", path(name), path("in")});
     QCOMPARE(call.status, 3);

@@ -276,9 +276,10 @@ QByteArray readableHeicBytes(FileWindow &file, QString &problem)
     return {};
 }
 
-QString writeReadingCopy(const QString &rewritten, const QString &target)
+QString writeReadingCopy(const QString &rewritten, const QString &target, bool *isDiskFault)
 {
     FileWindow file(rewritten);
+    if (isDiskFault) *isDiskFault = !file.isOpen();
     if (!file.isOpen()) return QStringLiteral("the file can't be read");
     const ReadingCopy copy = makeReadingCopy(file);
     if (!copy.problem.isEmpty()) return copy.problem;
@@ -288,6 +289,7 @@ QString writeReadingCopy(const QString &rewritten, const QString &target)
         blockCopy(file, copy.tilesAt, qint64(file.size() - copy.tilesAt), out);
     }
     if (closeFile(out)) return {};
+    if (isDiskFault) *isDiskFault = true;
     dropFile(target);
     return QStringLiteral("the reading copy can't be written");
 }

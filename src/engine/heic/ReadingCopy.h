@@ -29,7 +29,8 @@ QByteArray readingCopyBytes(FileWindow &file, QString &problem);
 /// with `problem` set if they can't be had.
 QByteArray readableHeicBytes(FileWindow &file, QString &problem);
 
-/// Writes the reading copy of the file `rewritten` to `target`, anew, in the working folder. Returns "" or one line.
-QString writeReadingCopy(const QString &rewritten, const QString &target);
+/// Writes the reading copy of the file `rewritten` to `target`, anew, in the working folder. Returns "" or one line;
+/// `isDiskFault`, if given, tells whether it could be made but not written.
+QString writeReadingCopy(const QString &rewritten, const QString &target, bool *isDiskFault = nullptr);
 /// The name of that copy beside the result: "a.heic" gives "a_readable.heic".
 QString readableName(const QString &name);

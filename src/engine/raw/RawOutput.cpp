@@ -2,6 +2,7 @@
 
 #include "app/StopFlag.h"
 #include "engine/FileWindow.h"
+#include "engine/MediumFaults.h"
 #include "engine/OneFile.h"
 #include "engine/Wholeness.h"
 #include "save/ScratchFile.h"
@@ -46,10 +47,10 @@ bool writeRawImage(FileWindow &file, quint64 start, quint32 length, const QStrin
 {
     QDir().mkdir(pApp->strTempDir);
     const QString path = pApp->strTempDir + name;
-    FILE *out = createOutput(path);
+    FileGuard out = guarded(createOutput(path));
     if (!out) return false;
-    const bool stretched = copyBytes(file, start, length, out);
-    if (!closeFile(out) || !stretched) {
+    const bool stretched = copyBytes(file, start, length, out.get());
+    if (!closeFile(out.release()) || !stretched) {
         if (!stretched) pApp->report.reason = RepairReason::DiskFull;
         dropFile(path); // half a picture would pass for a whole one
         return false;
@@ -60,6 +61,7 @@ bool writeRawImage(FileWindow &file, quint64 start, quint32 length, const QStrin
         output.size = verdict.size;
         output.icon = verdict.icon;
         output.wholeness = wholenessOf(path, verdict);
+        lessen(output.wholeness, refusedBytes(start, start + length), length);
         if (!verdict.decodes && !verdict.stopped) pApp->report.decoderRefused = true;
         if (pApp->report.decoderWarning.isEmpty()) pApp->report.decoderWarning = verdict.warning();
     }
