@@ -215,6 +215,8 @@ bool beginRun(const QStringList &sources, const QString &sample)
     // The folder's name has a blank, so this finds nothing; the call above has been through it already.
     WipeFolder().WipeFile(QStringLiteral("RepairedFiles/Thumbnail_Repaired/"));
     forgetRecords();
+    // Within a run a CR3 may list those of an earlier one again; those of an earlier run have just been wiped.
+    for (QString *name : {&pApp->strCr3FullName, &pApp->strCr3PreviewName, &pApp->strCr3ThumbName}) name->clear();
     reserveNames(sources);
     setFlag(pApp->bRepairRunning, true);
     startJudge(); // it is up by the time that the first file has been read
