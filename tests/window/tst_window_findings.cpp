@@ -10,6 +10,9 @@
 #include <QPushButton>
 #include <QTextEdit>
 
+Q_DECLARE_METATYPE(Wholeness)
+Q_DECLARE_METATYPE(RepairReport)
+
 namespace {
 
 QString details(const WindowRoom &room, QTreeWidgetItem *row)
@@ -221,9 +224,6 @@ void TestWindowFindings::listIsCounted()
     delete room.list()->takeTopLevelItem(0);
     QTRY_COMPARE(count->text(), QString("1 file, 1 ticked"));
 }
-
-Q_DECLARE_METATYPE(Wholeness)
-Q_DECLARE_METATYPE(RepairReport)
 
 QTEST_MAIN(TestWindowFindings)
 #include "tst_window_findings.moc"
