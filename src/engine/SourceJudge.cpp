@@ -3,6 +3,7 @@
 #include "app/StopFlag.h"
 #include "engine/FileWindow.h"
 #include "engine/OutputRows.h"
+#include "engine/SameDecoding.h"
 #include "engine/TrueFormat.h"
 #include "engine/Wholeness.h"
 
@@ -69,10 +70,20 @@ bool cameThroughUnchanged(FileWindow &file, const RepairReport &report)
            });
 }
 
+/// True where a whole picture came out that decodes as the source does: then the source needs no judge of its own.
+bool cameThroughBehindOtherData(FileWindow &file, const RepairReport &report)
+{
+    return std::any_of(report.outputs.begin(), report.outputs.end(), [&file](const OutputReport &output) {
+        if (output.wholeness.completeness != Completeness::Whole || isThumbnailName(output.name)) return false;
+        FileWindow picture(output.path);
+        return picture.isOpen() && decodesAlike(file, picture);
+    });
+}
+
 bool opensAsItIs(FileWindow &file, const QString &path, const RepairReport &report)
 {
     if (file.wordAt(0) != 0xFFD8) return false;
-    if (cameThroughUnchanged(file, report)) return true;
+    if (cameThroughUnchanged(file, report) || cameThroughBehindOtherData(file, report)) return true;
     const Verdict verdict = judgeJpeg(path);
     return wholenessOf(path, verdict).completeness == Completeness::Whole;
 }

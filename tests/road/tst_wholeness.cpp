@@ -1,6 +1,8 @@
 // How much of a picture is said to be there, against the pixels that are; and what is said of sources that give nothing.
 
 #include "Road.h"
+#include "engine/SameDecoding.h"
+#include "support/ByteSource.h"
 #include "support/Damage.h"
 #include "support/HeicMaker.h"
 #include "support/JpegMaker.h"
@@ -44,6 +46,8 @@ private slots:
     void heic();
     void sources_data();
     void sources();
+    void alike_data();
+    void alike();
 };
 
 void TestWholeness::outputs_data()
@@ -160,6 +164,30 @@ void TestWholeness::sources()
     QTEST(reasonWord(report.reason), "reason");
     QTEST(report.sourceHealthy, "healthy");
     QTEST(report.trueFormat, "format");
+}
+
+// Where a source isn't decoded since its output tells already how it decodes.
+void TestWholeness::alike_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<bool>("same");
+    JpegOptions noted;
+    noted.segments = {exifSegment("\xFF\xD8\xFF\xDA\xFF\xD9"), commentSegment("words")};
+    noted.trailing = "behind";
+    QTest::newRow("notes, and bytes behind it") << healthyJpeg(noted) << true;
+    QTest::newRow("no end") << healthy().cutAt(fromEnd(2)).bytes() << false;
+    QTest::newRow("junk between segments") << healthy().insert(upTo(0xFFC0), "junk").bytes() << false;
+    QTest::newRow("a table's value") << healthy().put(at(0xFFDB, 1) + 60, "\x7B").bytes() << false;
+    QTest::newRow("a byte of the data") << healthy().put(inScan(30), "\x7B").bytes() << false;
+    QTest::newRow("no data") << QByteArray() << false;
+}
+
+void TestWholeness::alike()
+{
+    QFETCH(QByteArray, source);
+    ByteSource bytes(source), ofPicture(healthyJpeg() + QByteArray("\xFF\xD9"));
+    FileWindow file(bytes), picture(ofPicture);
+    QTEST(decodesAlike(file, picture), "same");
 }
 
 QTEST_GUILESS_MAIN(TestWholeness)
