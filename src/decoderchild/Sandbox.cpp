@@ -97,7 +97,7 @@ void prepareForShelter()
 bool enterShelter()
 {
     ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    const scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_ERRNO(EPERM));
+    void *const filter = ::seccomp_init(SCMP_ACT_ERRNO(EPERM));
     if (!filter) return false;
     bool complete = allowWithConditions(filter);
     for (const int call : kHarmless) complete = complete && ::seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0) == 0;

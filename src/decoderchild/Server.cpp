@@ -5,6 +5,8 @@
 #include "decoderchild/Handlers.h"
 #include "decoderchild/Sandbox.h"
 
+#include <QFile>
+
 #include <cstring>
 #include <thread>
 
@@ -18,13 +20,9 @@ namespace {
 /// Bytes of addresses in use.
 quint64 addressesUsed()
 {
-    quint64 pages = 0;
-    if (FILE *file = std::fopen("/proc/self/statm", "re")) {
-        unsigned long long read = 0;
-        if (std::fscanf(file, "%llu", &read) == 1) pages = read;
-        std::fclose(file);
-    }
-    return pages * quint64(::sysconf(_SC_PAGESIZE));
+    QFile file(QStringLiteral("/proc/self/statm"));
+    const QByteArray pages = file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').first() : QByteArray();
+    return pages.toULongLong() * quint64(::sysconf(_SC_PAGESIZE));
 }
 
 /// Ends the process when the parent is gone, whatever it is decoding then: nobody waits for the picture.
