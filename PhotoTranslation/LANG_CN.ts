@@ -908,6 +908,10 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>名称必须以 .png、.jpg 或 .heic 结尾。</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>此图像已不存在。返回或重新开始会清除尚未保存的结果。</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>

@@ -909,6 +909,10 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>Der Name muss auf .png, .jpg oder .heic enden.</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>Dieses Bild ist nicht mehr da. Zurückgehen und ein neuer Start entfernen Ergebnisse, die nicht gespeichert wurden.</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>

@@ -909,6 +909,10 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>The name must end in .png, .jpg or .heic.</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>

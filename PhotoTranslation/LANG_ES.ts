@@ -909,6 +909,10 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>El nombre debe terminar en .png, .jpg o .heic.</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>Esta imagen ya no está. Volver atrás y empezar de nuevo eliminan los resultados no guardados.</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>

@@ -909,6 +909,10 @@ Ce sont de petites images des grands JPEG.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>Le nom doit se terminer par .png, .jpg ou .heic.</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>Cette image n’est plus là. Revenir en arrière et recommencer suppriment les résultats non enregistrés.</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>

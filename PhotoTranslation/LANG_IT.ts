@@ -909,6 +909,10 @@ Sono piccole immagini di JPEG grandi.</translation>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>Il nome deve terminare con .png, .jpg o .heic.</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>Questa immagine non c’è più. Tornando indietro o ricominciando si eliminano i risultati non salvati.</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>

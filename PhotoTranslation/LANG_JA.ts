@@ -908,6 +908,10 @@ Thumbnails are small sized images of large JPEGs.</source>
         <source>The name must end in .png, .jpg or .heic.</source>
         <translation>名前の末尾は .png、.jpg、.heic のいずれかにしてください。</translation>
     </message>
+    <message>
+        <source>This picture isn&apos;t there any more. Going back and starting again remove results that weren&apos;t saved.</source>
+        <translation>この画像はもうありません。戻るときややり直すときに、保存されていない結果は削除されます。</translation>
+    </message>
 </context>
 <context>
     <name>QCheckUpdate</name>
