@@ -10,9 +10,15 @@
 
 namespace {
 
-QString translated(const char *text, int count = -1)
+QString translated(const char *text)
 {
-    return QCoreApplication::translate("ReportText", text, nullptr, count);
+    return QCoreApplication::translate("ReportText", text);
+}
+
+/// The number stands behind a colon, so that the words have one form for all numbers.
+QString counted(const char *text, int count)
+{
+    return translated(text).replace(QLatin1String("%n"), QString::number(count));
 }
 
 QString wayText(RepairWay way)
@@ -150,10 +156,9 @@ QString reportText(const FileOutcome &outcome)
                      .arg(report.trueFormat);
     if (!report.outputs.isEmpty()) {
         if (report.dqtReplaced > 0)
-            lines << translated(QT_TRANSLATE_NOOP("ReportText", "Quantization tables replaced: %n"),
-                                report.dqtReplaced);
+            lines << counted(QT_TRANSLATE_NOOP("ReportText", "Quantization tables replaced: %n"), report.dqtReplaced);
         if (report.dhtReplaced > 0)
-            lines << translated(QT_TRANSLATE_NOOP("ReportText", "Huffman tables replaced: %n"), report.dhtReplaced);
+            lines << counted(QT_TRANSLATE_NOOP("ReportText", "Huffman tables replaced: %n"), report.dhtReplaced);
         if (report.codesNeutralised > 0)
             lines << translated(QT_TRANSLATE_NOOP("ReportText", "Illegal bytes of the picture data neutralised: %1"))
                          .arg(report.codesNeutralised);
