@@ -218,9 +218,10 @@ void TestUpdateInstall::download()
         QSignalSpy installed(&dialog, &QDownloadApp::installed);
         QVERIFY(installed.wait(20000));
         const auto *bar = dialog.findChild<QProgressBar *>("progressBar");
-        QCOMPARE(dialog.findChild<QLabel *>("timeLabel")->text().right(11),
-                 QString(whole ? " MB copied) " : " ").right(11));
-        if (whole) QCOMPARE(bar->value(), 3 << 20);
+        if (whole) { // what is cut off may have been told before, or not
+            QVERIFY(dialog.findChild<QLabel *>("timeLabel")->text().endsWith(" MB copied) "));
+            QCOMPARE(bar->value(), 3 << 20);
+        }
         QVERIFY(dialog.isVisible() && !bar->isVisible());
         // There is no signature, and nothing is kept of the offer.
         QVERIFY(!installed[0][0].toString().isEmpty() && room.platform.calls.isEmpty());
