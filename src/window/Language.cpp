@@ -69,7 +69,7 @@ void BrowseRepair::addLanguageMenu(QMenuBar *bar, int number)
         connect(action, &QAction::triggered, this, kSlots[language.number][number]);
     }
     // A row that is clicked may have changed the flags since.
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] { checkLanguage(menu); });
+    connect(menu, &QMenu::aboutToShow, this, [menu] { checkLanguage(menu); });
     checkLanguage(menu);
 }
 
