@@ -62,8 +62,8 @@ void ReferenceFileDlg::setDamagedFile(const QString &name)
 QString ReferenceFileDlg::damagedText(const QString &name, const QFontMetrics &metrics)
 {
     constexpr int kRoom = 400; // between the margins of the dialogs as they were designed
-    const QString lead = tr("Damaged file: ");
-    return lead + metrics.elidedText(name, Qt::ElideMiddle, kRoom - metrics.horizontalAdvance(lead));
+    const QString text = tr("Damaged file: %1");
+    return text.arg(metrics.elidedText(name, Qt::ElideMiddle, kRoom - metrics.horizontalAdvance(text)));
 }
 
 void ReferenceFileDlg::nameDamagedFile()

@@ -220,8 +220,10 @@ bool mayTrySample(const QTreeWidgetItem *source)
     if (!report || report->sourceHealthy || !taken.contains(suffix)) return false;
     const RepairReason reason = report->reason;
     if (reason != RepairReason::None && reason != RepairReason::DiskFull && !sampleMayHelp(*report)) return false;
-    // A picture that is whole may have got the wrong colours from its sample.
-    return foundIn(source) != Found::Whole || wasSampleTried(source);
+    // A picture that is whole may have got the wrong colours from its sample, or be a smaller one from inside the file.
+    const bool firstFound = std::any_of(report->outputs.begin(), report->outputs.end(),
+                                        [](const OutputReport &o) { return o.way == RepairWay::SecondWay; });
+    return foundIn(source) != Found::Whole || firstFound || wasSampleTried(source);
 }
 
 SampleName nameForSample(const QTreeWidgetItem *source)

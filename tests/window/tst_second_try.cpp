@@ -120,8 +120,11 @@ void TestSecondTry::oneSampleAfterTheOther()
     WindowRoom room;
     const QString right = room.source("right.jpg", sound()), none = room.source("none.jpg", "nothing");
     room.add({room.source("grey.jpg", halfGrey()), room.source("scan.jpg", photos::scanOf(sound())),
-              room.source("good.jpg", sound())});
+              room.source("good.jpg", sound()),
+              room.source("tail.jpg", contents(KESMIRA_SOURCE_DIR "/samples/lost-head-tables-left.jpg"))});
     QVERIFY(room.repair());
+    room.tree()->setCurrentItem(room.row("tail.jpg")); // whole, but perhaps no more than a preview inside of the file
+    QVERIFY(room.find("sampleLink")->isVisible());
     room.tree()->setCurrentItem(room.row("good.jpg"));
     QVERIFY(!room.find("sampleLink")->isVisible());
     room.row("good.jpg", true)->setCheckState(0, Qt::Unchecked);
@@ -151,7 +154,7 @@ void TestSecondTry::oneSampleAfterTheOther()
     QTest::keyClick(menu, Qt::Key_Return);
     QVERIFY(room.rest());
     QCOMPARE(room.row("Copy(1)_scan.jpg", true)->checkState(0), Qt::Unchecked);
-    QCOMPARE(saved(room), (QStringList{"Copy(1)_grey.jpg", "good.jpg", "grey.jpg", "scan.jpg"}));
+    QCOMPARE(saved(room), (QStringList{"Copy(1)_grey.jpg", "good.jpg", "grey.jpg", "scan.jpg", "tail.jpg"}));
 }
 
 void TestSecondTry::tilesAndTwoSamples()
