@@ -40,6 +40,7 @@ std::optional<std::array<int, 4>> fieldsOf(const QString &version)
 QCheckUpdate::QCheckUpdate(QWidget *parent) : FramelessDialog(parent), ui(std::make_unique<Ui::CheckUpdate>())
 {
     ui->setupUi(content());
+    setWindowModality(Qt::WindowModal);
     connect(ui->CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
     // Closed by the user before an answer came: nothing more is said.
     connect(this, &QDialog::rejected, this, &QObject::deleteLater);

@@ -31,6 +31,7 @@ constexpr double kMiB = 1.0 / (1 << 20);
 QDownloadApp::QDownloadApp(QWidget *parent) : FramelessDialog(parent), ui(std::make_unique<Ui::DownloadApp>())
 {
     ui->setupUi(content());
+    setWindowModality(Qt::WindowModal);
     ui->OkBtn->hide();
     connect(ui->OkBtn, &QPushButton::clicked, this, &QDownloadApp::OnOk);
     connect(ui->CancelBtn, &QPushButton::clicked, this, &QDialog::reject);

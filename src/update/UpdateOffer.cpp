@@ -11,6 +11,7 @@ UpdateOffer::UpdateOffer(QWidget *parent, bool withPage)
     : FramelessDialog(parent), ui(std::make_unique<Ui::UpdateOffer>()), m_withPage(withPage)
 {
     ui->setupUi(content());
+    setWindowModality(Qt::WindowModal);
     ui->VisitBtn->setVisible(m_withPage);
     // What can't be told from somebody else's archive isn't fetched.
     ui->DownloadBtn->setVisible(!updateKey().isEmpty());

@@ -28,7 +28,8 @@ void fillSoftwareUpdate(const QString &kind, const QString &version, const QStri
 /// Text of a field.
 QString fieldText(const char (&field)[32]);
 
-/// "<root>/Vorlane/", the scratch folder of updates; made if need be.
+/// "<root>/Vorlane/", the scratch folder of updates; made if need be. A run wipes what lies there: the dialogs that use it
+/// keep the window from beginning one, and none of them opens during a run.
 QString updateFolder();
 /// Base address of updates in the current language with `name` appended, "" if the link file has none.
 QString updateAddress(const QString &name);

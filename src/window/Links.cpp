@@ -104,6 +104,9 @@ void BrowseRepair::clearUpdateLeftovers()
 
 void BrowseRepair::onUpdateWizard()
 {
-    bCheckForUpdate = true;
-    QCheckUpdate::begin(this);
+    // What is fetched lies in a folder that a run wipes.
+    afterRun([this] {
+        bCheckForUpdate = true;
+        QCheckUpdate::begin(this);
+    });
 }

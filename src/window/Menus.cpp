@@ -102,6 +102,9 @@ void BrowseRepair::addHelpMenu(QMenuBar *bar)
     menu->addSeparator();
     add("updates", &BrowseRepair::onUpdateWizard);
     add("about", &BrowseRepair::onAbout);
+    // As the button beside the menu.
+    connect(menu, &QMenu::aboutToShow, this,
+            [this, menu] { menu->findChild<QAction *>(QStringLiteral("updates"))->setEnabled(!workerRuns()); });
 }
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "dialogs/MessageBox.h"
 #include "update/QCheckUpdate.h"
+#include "update/QDownloadApp.h"
 #include "update/QMajorUpdate.h"
 #include "update/QMinorUpdate.h"
 #include "update/UpdateRoom.h"
@@ -65,6 +66,9 @@ void TestUpdateCheck::versions()
         for (const QString &version : QString(versions).split(','))
             QVERIFY2(QCheckUpdate::compare(version, "7.0.0.0") == offer, qPrintable(version));
     QVERIFY(QCheckUpdate::compare("7.9.0.0", "7.10.0.0") == Offer::None);
+    fillSoftwareUpdate(QString(40, 'k'), QString(40, 'v'), QString(99, 't')); // cut, whatever a server sends
+    QCOMPARE(fieldText(softwareUpdate.kind) + fieldText(softwareUpdate.version) + fieldText(softwareUpdate.title),
+             QString(32, 'k') + QString(32, 'v') + QString(32, 't'));
 }
 
 void TestUpdateCheck::offers_data()
@@ -179,6 +183,7 @@ void TestUpdateCheck::oneCheckAtATime()
     for (int i = 0; i < 3; ++i) QCheckUpdate::begin(&window);
     QPointer<QCheckUpdate> check = window.findChild<QCheckUpdate *>();
     QCOMPARE(window.findChildren<QCheckUpdate *>().size(), 1);
+    QVERIFY(check->isModal()); // a run would wipe what is fetched
     bCheckForUpdate = true;
     QTRY_VERIFY(room.server.asked > 0);
     check->findChild<QPushButton *>("CancelBtn")->click();
@@ -192,6 +197,7 @@ void TestUpdateCheck::oneCheckAtATime()
     offer.DownloadApp();
     QCheckUpdate::begin(&window);
     QVERIFY(!offer.isVisible() && !window.findChild<QCheckUpdate *>());
+    QVERIFY(offer.isModal() && window.findChild<QDownloadApp *>()->isModal());
 }
 
 void TestUpdateCheck::safeAddresses()

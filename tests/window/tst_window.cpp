@@ -1,6 +1,7 @@
 // The window as a person uses it: the file list, a run, checks, preview, a sample, stop, back and close.
 
 #include "engine/OneFile.h"
+#include "update/QCheckUpdate.h"
 #include "window/Photos.h"
 #include "window/WindowRoom.h"
 
@@ -445,6 +446,8 @@ void TestWindow::closeDuringARun()
     room.add(paths);
     QVERIFY(room.click("StartRepairFilesBtn"));
     QTRY_VERIFY(room.find("StopRepairProcessBtn_2")->isVisible());
+    room.window->onUpdateWizard();
+    QVERIFY(!room.window->findChild<QCheckUpdate *>()); // it waits for the run, which wipes the folder of updates
     room.script.expect("CloseApplicationDlg", "YesBtn");
     QVERIFY(room.click("closeBtn"));
     QVERIFY(!room.window->isVisible());
