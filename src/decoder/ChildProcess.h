@@ -11,6 +11,7 @@
 namespace decoder {
 
 /// The decoder's program: beside the running one, or in the folder "bin" beside its folder, where programs are built.
+/// To be asked for at each start: an update moves the running program's folder.
 QString decoderProgram();
 
 class ChildProcess

@@ -57,7 +57,7 @@ void Client::start()
     if (usable()) return;
     m_hello = Note();
     m_lastMoment = now();
-    m_child.start(m_program);
+    m_child.start(decoderProgram());
 }
 
 void Client::end()
@@ -140,7 +140,7 @@ Ending Client::ready(const Terms &terms)
 {
     if (!usable()) {
         m_hello = Note();
-        if (!m_child.start(m_program)) return Ending::NotStarted;
+        if (!m_child.start(decoderProgram())) return Ending::NotStarted;
     }
     if (m_hello.version != 0) return Ending::Told;
     Note hello;

@@ -24,8 +24,6 @@ struct Terms
 class Client
 {
 public:
-    explicit Client(const QString &program = decoderProgram()) : m_program(program) {}
-
     /// Starts a process beside whatever the caller does next, so that the first question finds it ready.
     void start();
     /// Ends the process; the next question starts another.
@@ -52,7 +50,6 @@ private:
     Ending waitFor(quint64 number, Note &note, qint64 milliseconds, const Terms &terms);
     bool usable();
 
-    const QString m_program;
     std::mutex m_mutex;
     ChildProcess m_child;
     Note m_hello;            ///< the process's first note; version 0 while it isn't there

@@ -134,7 +134,9 @@ void QDownloadApp::signatureFinished()
     QByteArray signature;
     if (problem.isEmpty() && file.open(QIODevice::ReadOnly)) signature = file.readAll();
     file.remove();
-    install(signature);
+    if (problem.isEmpty()) return install(signature);
+    QFile::remove(m_download.path());
+    conclude(problem);
 }
 
 void QDownloadApp::install(const QByteArray &signature)

@@ -17,6 +17,8 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -183,6 +185,10 @@ public:
     }
     PrivateFolder(const PrivateFolder &) = delete;
     PrivateFolder &operator=(const PrivateFolder &) = delete;
+    PrivateFolder(PrivateFolder &&other) noexcept
+        : m_path(std::exchange(other.m_path, {})), m_lock(std::exchange(other.m_lock, -1))
+    {
+    }
     QString path() const { return m_path; }
 
 private:
@@ -200,7 +206,7 @@ QString installBundleFromArchive(const QString &archive, const QString &bundleNa
     const QString place = parent + '/' + bundleName;
     if (!QFileInfo(place).isDir() || QFileInfo(place).isSymLink())
         return Install::tr("The installed program isn't where it was.");
-    const PrivateFolder scratch(parent);
+    PrivateFolder scratch(parent);
     if (scratch.path().isEmpty())
         return Install::tr(
             "This program is installed where you can't change it. Its update comes from who installed it.");
@@ -220,6 +226,9 @@ QString installBundleFromArchive(const QString &archive, const QString &bundleNa
         return Install::tr("The new version can't be put in place: %1").arg(systemError());
     syncOne(unpacked);
     syncOne(parent);
+    // The program that runs still starts its decoder from the old bundle.
+    static std::vector<PrivateFolder> untilTheEnd;
+    untilTheEnd.push_back(std::move(scratch));
     return {};
 }
 
