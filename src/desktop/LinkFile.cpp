@@ -58,11 +58,8 @@ bool linkFile::store(const QString &path, const QString &key, const QVariant &va
 {
     const QString own = path.isEmpty() ? QString() : platform().userSettingsFile(path);
     if (own.isEmpty()) return false;
-    if (own != path && !QFileInfo::exists(own)) {
-        QDir().mkpath(QFileInfo(own).path());
-        // The copy keeps the rights of the shipped file, which may be one for reading only.
-        if (QFile::copy(path, own)) QFile::setPermissions(own, QFile::ReadOwner | QFile::WriteOwner);
-    }
+    // Nothing else is put there: a later release's addresses and key would stay hidden behind their copies.
+    QDir().mkpath(QFileInfo(own).path());
     QSettings settings(own, QSettings::NativeFormat);
     settings.setValue(key, value);
     settings.sync();

@@ -14,7 +14,7 @@ QVariant value(const QString &path, const QString &key);
 QString text(const QString &key);
 /// Text under `base` + "_EN", "_DE" and so on by the language whose flag is set; "" without a flag or without the key.
 QString languageText(const QString &base);
-/// Keeps `value` in the user's own copy of the file at `path`, which is made from the shipped one at the first write.
+/// Keeps `value` in the user's own copy of the file at `path`, which holds nothing but what was kept so.
 /// False if it can't be written.
 bool store(const QString &path, const QString &key, const QVariant &value);
 
