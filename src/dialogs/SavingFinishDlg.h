@@ -16,7 +16,7 @@ struct SavingReport
 {
     QString shortfall;    ///< how many of how many were saved; empty where all were, and only then success is spoken of
     QStringList problems; ///< a line for each output that wasn't saved, with the reason
-    QString note;         ///< on the camera's data; may be empty
+    QString note;         ///< how many were saved, and on the camera's data; may be empty
     bool anySaved = true; ///< something lies at the destination now
 };
 

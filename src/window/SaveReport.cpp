@@ -32,7 +32,7 @@ public:
             .arg(row.name, QFileInfo(row.target).fileName());
     }
 
-    static QString shortfall(int saved, int all) { return tr("%1 of %2 files were saved.").arg(saved).arg(all); }
+    static QString count(int saved, int all) { return tr("%1 of %2 files were saved.").arg(saved).arg(all); }
 
     /// `with` of the saved copies got the camera's data, `without` could have.
     static QString note(int with, int without)
@@ -64,7 +64,8 @@ SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &could
         const QString problem = Words::problem(row);
         if (!problem.isEmpty()) report.problems << problem;
     }
-    if (!report.problems.isEmpty()) report.shortfall = Words::shortfall(saved, outcome.rows.size());
+    if (!report.problems.isEmpty()) report.shortfall = Words::count(saved, outcome.rows.size());
+    if (report.problems.isEmpty() && saved > 1) notes.prepend(Words::count(saved, saved)); // success names no number
     notes << Words::note(with, without);
     notes.removeAll(QString());
     report.note = notes.join('\n');

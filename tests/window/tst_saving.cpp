@@ -93,7 +93,12 @@ void TestSaving::conflicts()
     room.add({room.source("a.jpg", photos::withThumbnail()), room.source("b.jpg", photos::plain(1))});
     QVERIFY(room.repair());
     for (const QString &click : clicks) room.script.expect(click.section(' ', 0, 0), click.section(' ', 1));
-    if (finished) room.script.expect("SavingFinishDlg", "OkBtn");
+    if (finished)
+        room.script.expect("SavingFinishDlg", "OkBtn", [&clicks](QDialog *dialog) {
+            const QString note = dialog->findChild<QLabel *>("noteLabel")->text();
+            QVERIFY2(note.startsWith("3 of 3 files were saved.") != clicks.join(' ').contains("Skip"),
+                     qPrintable(note));
+        });
     room.chooser.answers.push_back({room.destination()});
     QVERIFY(room.click("SaveRepairBtn_2"));
 
