@@ -48,7 +48,8 @@ void Download::start(const QString &address, const QString &path, qint64 limit, 
     const bool safe = isSafe(url);
     const QString unsafe = tr("The address of the update isn't a safe one.");
     if (!safe && !address.isEmpty()) m_problem = unsafe;
-    QNetworkRequest request{safe ? url : QUrl()}; // an empty one fails by itself, after this call like all others
+    // An empty one fails by itself, after this call like all others.
+    QNetworkRequest request{m_problem.isEmpty() ? url : QUrl()};
     // The bytes count as they are sent; none are unpacked on the way.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);

@@ -168,7 +168,7 @@ void QDownloadApp::conclude(const QString &problem)
     if (m_installing) m_installing->wait();
     m_installing = nullptr;
     m_done = problem.isEmpty();
-    if (!m_done) ui->label->setText(problem);
+    ui->label->setText(problem); // there is nothing to wait for any more
     ui->progressBar->setVisible(m_done);
     ui->CancelBtn->hide();
     ui->OkBtn->show();

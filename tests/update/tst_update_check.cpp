@@ -152,6 +152,7 @@ void TestUpdateCheck::limits()
     QCOMPARE(fetch("much", 1000, 20000), QString());
     QVERIFY(fetch("much", 999, 20000).contains("more than"));
     QVERIFY(fetch("slow", 999, 50).contains("too long")); // however long a silence alone may last
+    QVERIFY(!fetch("gone/much", 1000, 20000).isEmpty() && room.server.asked == 3); // what can't be kept isn't fetched
 }
 
 void TestUpdateCheck::offerOpensItsLinks()

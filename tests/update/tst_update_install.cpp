@@ -290,6 +290,7 @@ void TestUpdateInstall::signatures()
     // Nothing is unpacked before that is known.
     QCOMPARE(room.platform.calls, taken ? QStringList("install " + place.apps() + "/Kesmira.app") : QStringList());
     QCOMPARE(installed[0][0].toString().isEmpty(), taken);
+    QCOMPARE(dialog.findChild<QLabel *>("label")->text(), installed[0][0].toString());
     QCOMPARE(installed[0][0].toString().contains("the maker's"),
              !taken && damaged != "absent"); // not known of that one
     QCOMPARE(QDir(updateFolder()).entryList(QDir::Files), QStringList());
