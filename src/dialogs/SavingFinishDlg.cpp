@@ -13,7 +13,7 @@ SavingFinishDlg::SavingFinishDlg(QWidget *parent, const QString &path, const Sav
     ui->PathText->setCursorPosition(0);
     for (QWidget *place : {static_cast<QWidget *>(ui->placeLabel), static_cast<QWidget *>(ui->PathText),
                            static_cast<QWidget *>(ui->ClickHereBtn)})
-        place->setVisible(m_report.anySaved);
+        place->setVisible(m_report.anyThere);
     ui->problems->setPlainText(m_report.problems.join('\n'));
     ui->problems->setVisible(!m_report.problems.isEmpty());
     ui->noteLabel->setText(m_report.note);

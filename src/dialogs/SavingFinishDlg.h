@@ -17,7 +17,7 @@ struct SavingReport
     QString shortfall;    ///< how many of how many were saved; empty where all were, and only then success is spoken of
     QStringList problems; ///< a line for each output that wasn't saved, with the reason
     QString note;         ///< how many were saved, and on the camera's data; may be empty
-    bool anySaved = true; ///< something lies at the destination now
+    bool anyThere = true; ///< a result lies at the destination, from this save or an earlier one
 };
 
 class SavingFinishDlg : public FramelessDialog

@@ -52,6 +52,7 @@ public:
 SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &couldTake)
 {
     SavingReport report;
+    report.anyThere = false;
     int saved = 0;
     int with = 0;
     int without = 0;
@@ -59,6 +60,7 @@ SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &could
     for (const SavedRow &row : outcome.rows) {
         if (row.result == SaveResult::Saved && row.sparesOriginal) notes << Words::spared(row);
         if (row.result == SaveResult::Saved) ++saved;
+        if (row.result == SaveResult::Saved || row.result == SaveResult::Identical) report.anyThere = true;
         if (row.cameraData) ++with;
         if (row.result == SaveResult::Saved && !row.cameraData && couldTake.contains(row.name)) ++without;
         const QString problem = Words::problem(row);
@@ -69,6 +71,5 @@ SavingReport savingReport(const SaveOutcome &outcome, const CameraSources &could
     notes << Words::note(with, without);
     notes.removeAll(QString());
     report.note = notes.join('\n');
-    report.anySaved = saved > 0;
     return report;
 }
