@@ -1217,7 +1217,7 @@ Thumbnails are small sized images of large JPEGs.</source>
     </message>
     <message>
         <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
-        <translation>只有图像块，没有程序能打开。同一相机的样本可能有帮助。</translation>
+        <translation>只有图像分块，没有程序能打开。同一相机的样本可能有帮助。</translation>
     </message>
     <message>
         <source>Deep salvage may bring back more.</source>

@@ -575,7 +575,7 @@ Möchten Sie zum vorigen Bildschirm zurückkehren?</translation>
     </message>
     <message>
         <source>Put the &amp;camera&apos;s data back</source>
-        <translation>&amp;Kameradaten zurückgeben</translation>
+        <translation>&amp;Kameradaten zurückschreiben</translation>
     </message>
 </context>
 <context>
@@ -1447,7 +1447,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>No camera data (date, place, orientation, colours) were found to put back.</source>
-        <translation>Es fanden sich keine Kameradaten (Datum, Ort, Ausrichtung, Farben), die zurückgegeben werden könnten.</translation>
+        <translation>Es fanden sich keine Kameradaten (Datum, Ort, Ausrichtung, Farben), die sich zurückschreiben ließen.</translation>
     </message>
     <message>
         <source>The saved photos lack the camera&apos;s data (date, place, orientation, colours).</source>
@@ -1455,7 +1455,7 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
     </message>
     <message>
         <source>%1 To save them with these, choose &quot;Put the camera&apos;s data back&quot; in the File menu first.</source>
-        <translation>%1 Um sie damit zu speichern, vorher im Menü „Datei“ die Option „Kameradaten zurückgeben“ wählen.</translation>
+        <translation>%1 Um sie damit zu speichern, vorher im Menü „Datei“ die Option „Kameradaten zurückschreiben“ wählen.</translation>
     </message>
     <message>
         <source>%1 was saved as %2, for one of the photos to repair has that name there.</source>

@@ -1218,7 +1218,7 @@ Son imágenes pequeñas de JPEG grandes.</translation>
     </message>
     <message>
         <source>Only the image tiles are there, which nothing opens. A sample from the same camera may help.</source>
-        <translation>Solo están los mosaicos de la imagen, que nada abre. Una muestra de la misma cámara puede ayudar.</translation>
+        <translation>Solo están las teselas de la imagen, que ningún programa abre. Una muestra de la misma cámara puede ayudar.</translation>
     </message>
     <message>
         <source>Deep salvage may bring back more.</source>

@@ -21,7 +21,7 @@ WIDTH, HEIGHT, SIZE, BASELINE = 400, 290, 15, 208
 TEXTS = {
     "en": (LATIN, "Click a file to preview it", "No preview available"),
     "fr": (LATIN, "Cliquez sur un fichier pour en voir l’aperçu", "Aucun aperçu disponible"),
-    "it": (LATIN, "Fai clic su un file per vederne l’anteprima", "Anteprima non disponibile"),
+    "it": (LATIN, "Fare clic su un file per vederne l’anteprima", "Anteprima non disponibile"),
     "es": (LATIN, "Haga clic en un archivo para ver su vista previa", "Vista previa no disponible"),
     "de": (LATIN, "Für eine Vorschau auf eine Datei klicken", "Keine Vorschau verfügbar"),
     "cja": (JAPANESE, "ファイルをクリックするとプレビューが表示されます", "プレビューを表示できません"),
