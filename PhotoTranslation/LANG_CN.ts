@@ -998,8 +998,8 @@ Thumbnails are small sized images of large JPEGs.</source>
         <translation>图像</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>损坏的文件：</translation>
+        <source>Damaged file: %1</source>
+        <translation>损坏的文件：%1</translation>
     </message>
 </context>
 <context>

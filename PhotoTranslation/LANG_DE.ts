@@ -999,8 +999,8 @@ Miniaturen sind kleine Bilder großer JPEGs.</translation>
         <translation>Bilder</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>Beschädigte Datei: </translation>
+        <source>Damaged file: %1</source>
+        <translation>Beschädigte Datei: %1</translation>
     </message>
 </context>
 <context>

@@ -999,8 +999,8 @@ Thumbnails are small-sized images of large JPEGs.</translation>
         <translation>Images</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>Damaged file: </translation>
+        <source>Damaged file: %1</source>
+        <translation>Damaged file: %1</translation>
     </message>
 </context>
 <context>

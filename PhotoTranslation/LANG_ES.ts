@@ -999,8 +999,8 @@ Son imágenes pequeñas de JPEG grandes.</translation>
         <translation>Imágenes</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>Archivo dañado: </translation>
+        <source>Damaged file: %1</source>
+        <translation>Archivo dañado: %1</translation>
     </message>
 </context>
 <context>

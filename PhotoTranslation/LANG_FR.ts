@@ -999,8 +999,8 @@ Ce sont de petites images des grands JPEG.</translation>
         <translation>Images</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>Fichier endommagé&#xa0;: </translation>
+        <source>Damaged file: %1</source>
+        <translation>Fichier endommagé&#xa0;: %1</translation>
     </message>
 </context>
 <context>

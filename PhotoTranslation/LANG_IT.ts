@@ -999,8 +999,8 @@ Sono piccole immagini di JPEG grandi.</translation>
         <translation>Immagini</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>File danneggiato: </translation>
+        <source>Damaged file: %1</source>
+        <translation>File danneggiato: %1</translation>
     </message>
 </context>
 <context>

@@ -998,8 +998,8 @@ Thumbnails are small sized images of large JPEGs.</source>
         <translation>画像</translation>
     </message>
     <message>
-        <source>Damaged file: </source>
-        <translation>壊れたファイル: </translation>
+        <source>Damaged file: %1</source>
+        <translation>壊れたファイル: %1</translation>
     </message>
 </context>
 <context>
