@@ -5,7 +5,6 @@
 #include "desktop/platform/Platform.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 

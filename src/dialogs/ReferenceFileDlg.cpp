@@ -63,7 +63,7 @@ QString ReferenceFileDlg::damagedText(const QString &name, const QFontMetrics &m
 {
     constexpr int kRoom = 400; // between the margins of the dialogs as they were designed
     const QString text = tr("Damaged file: %1");
-    return text.arg(metrics.elidedText(name, Qt::ElideMiddle, kRoom - metrics.horizontalAdvance(text)));
+    return text.arg(metrics.elidedText(name, Qt::ElideMiddle, kRoom - metrics.horizontalAdvance(text.arg(QString()))));
 }
 
 void ReferenceFileDlg::nameDamagedFile()
