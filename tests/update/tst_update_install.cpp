@@ -118,6 +118,8 @@ void TestUpdateInstall::swapsTheBundle()
     QVERIFY(synced.size() < systemCalls.size() && systemCalls.last() == "sync " + installed.apps());
     for (const char *part : {"", "/Contents/MacOS", "/Contents/MacOS/kesmira", "/Contents/Resources/a.txt"})
         QCOMPARE(synced.filter(QRegularExpression(QString("/Kesmira.app%1$").arg(part))).size(), 1);
+    QCOMPARE(installed.install(madeBundle()), QString());
+    QCOMPARE(installed.beside().size(), 2); // nothing runs from the second
 }
 
 void TestUpdateInstall::refusals_data()

@@ -18,7 +18,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -226,9 +225,8 @@ QString installBundleFromArchive(const QString &archive, const QString &bundleNa
         return Install::tr("The new version can't be put in place: %1").arg(systemError());
     syncOne(unpacked);
     syncOne(parent);
-    // The program that runs still starts its decoder from the old bundle.
-    static std::vector<PrivateFolder> untilTheEnd;
-    untilTheEnd.push_back(std::move(scratch));
+    // The program that runs still starts its decoder from the bundle that was the first to go.
+    static const PrivateFolder untilTheEnd(std::move(scratch));
     return {};
 }
 
